@@ -1,0 +1,23 @@
+// The common classes of the FDO interface.
+#ifndef FDO_COMMON_H_
+#define FDO_COMMON_H_
+
+#include "Common/Array.h"
+#include "Common/Collection.h"
+#include "Common/Compare.h"
+#include "Common/Dictionary.h"
+#include "Common/DictionaryElement.h"
+#include "Common/Dimensionality.h"
+#include "Common/Disposable.h"
+#include "Common/Exception.h"
+#include "Common/FdoTypes.h"
+#include "Common/GeometryType.h"
+#include "Common/IDisposable.h"
+#include "Common/NamedCollection.h"
+#include "Common/Ptr.h"
+#include "Common/ReadOnlyNamedCollection.h"
+#include "Common/Std.h"
+#include "Common/StringCollection.h"
+#include "Common/StringP.h"
+
+#endif  // FDO_COMMON_H_
