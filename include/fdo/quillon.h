@@ -1,0 +1,16 @@
+// All of Quillon's public headers. FDO's own classes, such as the filters that a query takes, come
+// with <Fdo.h>.
+#ifndef FDO_QUILLON_H_
+#define FDO_QUILLON_H_
+
+#include <fdo/database.h>
+#include <fdo/database_ogr.h>
+#include <fdo/diagnostics.h>
+#include <fdo/geometry_stream.h>
+#include <fdo/row.h>
+#include <fdo/schema.h>
+#include <fdo/table.h>
+#include <fdo/text_conversion.h>
+#include <fdo/value.h>
+
+#endif  // FDO_QUILLON_H_
