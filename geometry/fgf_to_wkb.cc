@@ -1,0 +1,69 @@
+#include <fdo/geometry_stream.h>
+
+#include "geometry/fgf_walk.h"
+#include "geometry/invalid_stream.h"
+#include "geometry/stream_writer.h"
+#include "geometry/wkb_layout.h"
+
+namespace fdo {
+namespace {
+
+// Writes the older form. What it does not carry stops the walk.
+class WkbSink : public PassingSink {
+ public:
+  explicit WkbSink(unsigned char* out) : out_(out) {}
+
+  std::size_t Written() const { return out_.Written(); }
+
+  bool BeginGeometry(FgfGeometry const& head) {
+    if (!IsPlainType(head.type)) return false;
+    if (head.parentType != 0 && LayoutOf(head.parentType)->partType != head.type) return false;
+    out_.Byte(kWkbLittleEndian);
+    out_.Int32(head.type);
+    if (head.dimensionality != kNoDimensionality) {
+      if ((head.dimensionality & kDimensionalityM) != 0) return false;
+      // The leading type word, also from a part: that is the documented header of a multi-geometry.
+      if ((head.dimensionality & kDimensionalityZ) != 0) {
+        Store(out_.Begin() + 1, static_cast<std::uint32_t>(head.type) | kWkbZBit);
+      }
+    }
+    if (head.type != kFgfPoint) out_.Int32(head.count);
+    return true;
+  }
+
+  bool BeginRing(std::int32_t, std::int32_t count) {
+    out_.Int32(count);
+    return true;
+  }
+
+  bool Positions(FgfPositions const& positions) {
+    out_.Positions(positions.bytes, positions.count, positions.ordinates);
+    return true;
+  }
+
+  bool UnknownType(std::int32_t) { return false; }
+
+ private:
+  StreamWriter out_;
+};
+
+}  // namespace
+
+std::size_t FgfToWkb(unsigned char const* fgf, std::size_t length, unsigned char* out) {
+  StreamCursor in(fgf, fgf + length);
+  WkbSink sink(out);
+  bool const complete = WalkFgf(in, sink);
+  if (in.Failed()) ThrowInvalidStream();
+  return complete ? sink.Written() : 0;
+}
+
+std::int32_t FgfGeometryTypeMask(std::uint32_t wkbType) {
+  constexpr std::int32_t kAllKinds = 1 | 2 | 4 | 8;
+  std::uint32_t const code = wkbType & ~kWkbZBit;
+  if (code == 0) return 0;
+  FgfLayout const* const layout =
+      code <= kFgfMultiPolygon ? LayoutOf(static_cast<std::int32_t>(code)) : nullptr;
+  return layout == nullptr ? kAllKinds : layout->plainMask;
+}
+
+}  // namespace fdo
