@@ -5,6 +5,7 @@
 #include <fdo/integer.h>
 
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 
 namespace fdo {
@@ -57,7 +58,15 @@ class QUILLON_EXPORT Value {
   // Takes over what other owns and leaves it null.
   Value(Value&& other) noexcept : word_(other.word_), payload_(other.payload_) { other.SetNull(); }
   Value& operator=(Value const& other);
-  Value& operator=(Value&& other) noexcept;
+  Value& operator=(Value&& other) noexcept {
+    if (this != &other) {
+      if (MayOwnMemory()) Release();
+      word_ = other.word_;
+      payload_ = other.payload_;
+      other.SetNull();
+    }
+    return *this;
+  }
   ~Value() {
     if (MayOwnMemory()) Release();
   }
@@ -67,12 +76,24 @@ class QUILLON_EXPORT Value {
   Value(T* pointer) = delete;
 
   // Each Reset releases the old contents first; the argument must not point into them.
-  void Reset();  // null
+  void Reset() {  // null
+    if (MayOwnMemory()) Release();
+    SetNull();
+  }
   void Reset(int value) { Reset(static_cast<long long>(value)); }
   void Reset(long value) { Reset(static_cast<long long>(value)); }
-  void Reset(long long value);
-  void Reset(bool value);
-  void Reset(double value);
+  void Reset(long long value) {
+    if (MayOwnMemory()) Release();
+    SetInt(value);
+  }
+  void Reset(bool value) {
+    if (MayOwnMemory()) Release();
+    SetBool(value);
+  }
+  void Reset(double value) {
+    if (MayOwnMemory()) Release();
+    SetDouble(value);
+  }
   void Reset(float value) { Reset(static_cast<double>(value)); }
   // copy: an owned copy of the text; otherwise it is borrowed.
   // Requires, to borrow: text outlives this value's use of it.
@@ -84,7 +105,10 @@ class QUILLON_EXPORT Value {
   void Reset(T* pointer) = delete;
 
   // Makes the value undefined: in a row of a table, "not fetched yet".
-  void Invalidate();
+  void Invalidate() {
+    if (MayOwnMemory()) Release();
+    SetUndef();
+  }
 
   // A deep copy: text and bytes, owned or borrowed, become owned copies. The other value's cached
   // text is not shared.
@@ -95,7 +119,7 @@ class QUILLON_EXPORT Value {
   bool IsNull() const { return Type() == kNull; }
   bool IsValid() const { return Type() != kUndef; }
   // Borrowed: until the value is next changed or destroyed. Null unless the value holds bytes.
-  unsigned char const* AsBlob() const;
+  unsigned char const* AsBlob() const { return (Type() & kKindMask) == kBlob ? payload_.bytes : nullptr; }
   // The length in bytes of a value that holds bytes; 0 for every other kind without cached text.
   // Deliberate: the upper half of the first word is returned without a look at the kind, so it means
   // nothing for a flag or a number whose text has been asked for
@@ -108,26 +132,69 @@ class QUILLON_EXPORT Value {
   operator bool() const { return AsBool(); }
   // 0 or 1; the integer; a double truncated toward zero (out of range and NaN give the least integer);
   // the number that a text begins with, clamped to 64 bits; else 0.
-  operator __int64() const;
+  operator __int64() const {
+    switch (Type()) {
+      case kBool:
+      case kInt:
+        return payload_.integer;
+      case kDouble:
+        return Truncate(payload_.number);
+      default:
+        return TextAsInteger();
+    }
+  }
   // The same as a double; 0.0 where there is no number.
-  operator double() const;
+  operator double() const {
+    switch (Type()) {
+      case kBool:
+      case kInt:
+        return static_cast<double>(payload_.integer);
+      case kDouble:
+        return payload_.number;
+      default:
+        return TextAsDouble();
+    }
+  }
   // The text itself; an integer in decimal; a double with 16 significant digits as "%.16g" of the C
   // locale; else null.
   // Borrowed: until the value is next changed or destroyed; twice asked, it is the same address.
   // Deliberate: a flag's text is its 8-bit word "true" or "false" read pairwise as 16-bit units, so it
   // is not the readable word (ValueText.FlagIsItsNarrowWordReadPairwise).
-  operator wchar_t const*() const;
+  operator wchar_t const*() const {
+    int const kind = Type() & kKindMask;
+    if (kind == kString) return payload_.text;
+    return kind >= kBool && kind <= kDouble ? CachedStringPtr() : nullptr;
+  }
 
   // An order over all kinds, the one that sets of values use. Null is below everything else, bytes
   // are above; numbers and flags compare as numbers with each other and as text with text (so 10 is
   // below "9"); an undefined value is less than nothing. Text compares unit by unit, bytes by length
   // first. A NaN is neither less nor greater than any double.
-  bool operator<(Value const& right) const;
+  bool operator<(Value const& right) const {
+    int const kind = Type() & kKindMask;
+    if (kind != (right.Type() & kKindMask)) return DuckTypeLess(right);
+    switch (kind) {
+      case kBool:
+      case kInt:
+        return payload_.integer < right.payload_.integer;
+      case kDouble:
+        return payload_.number < right.payload_.number;
+      case kUndef:
+      case kNull:
+        return false;
+      default:
+        return CompareMemory(right) < 0;
+    }
+  }
   bool operator>(Value const& right) const { return right < *this; }
   bool operator<=(Value const& right) const { return !(right < *this); }
   bool operator>=(Value const& right) const { return !(*this < right); }
-  bool operator==(Value const& right) const { return !(*this < right) && !(right < *this); }
-  bool operator!=(Value const& right) const { return *this < right || right < *this; }
+  bool operator==(Value const& right) const {
+    int const kind = Type() & kKindMask;
+    if (kind >= kString && kind == (right.Type() & kKindMask)) return CompareMemory(right) == 0;
+    return !(*this < right) && !(right < *this);
+  }
+  bool operator!=(Value const& right) const { return !(*this == right); }
   // The part of the order that compares values of different kinds.
   // Requires: the kinds differ, borrowed or owned aside.
   bool DuckTypeLess(Value const& right) const;
@@ -157,19 +224,42 @@ class QUILLON_EXPORT Value {
   // Frees what this value owns; the fields keep their old bits.
   void Release();
 
+  // The least integer for what does not fit, a NaN among it, as the processor's own conversion gives.
+  static __int64 Truncate(double number) {
+    constexpr double kLimit = 9223372036854775808.0;
+    return number >= -kLimit && number < kLimit ? static_cast<__int64>(number)
+                                                : std::numeric_limits<__int64>::min();
+  }
+  // The number a text begins with; 0 for every kind but text.
+  __int64 TextAsInteger() const;
+  double TextAsDouble() const;
+
+  // Below 0, 0 or above 0, as two texts, or two blobs, compare.
+  // Requires: both are text, or both are bytes.
+  int CompareMemory(Value const& right) const;
+
   // The setters do not release what was there.
-  void SetUndef() { word_ = kUndef, payload_.integer = 0; }
-  void SetNull() { word_ = kNull, payload_.integer = 0; }
-  void SetBool(bool value) { word_ = kBool, payload_.integer = value ? 1 : 0; }
-  void SetInt(__int64 value) { word_ = kInt, payload_.integer = value; }
-  void SetDouble(double value) { word_ = kDouble, payload_.number = value; }
+  void SetUndef() noexcept { word_ = kUndef, payload_.integer = 0; }
+  void SetNull() noexcept { word_ = kNull, payload_.integer = 0; }
+  void SetBool(bool value) noexcept { word_ = kBool, payload_.integer = value ? 1 : 0; }
+  void SetInt(long long value) noexcept { word_ = kInt, payload_.integer = value; }
+  void SetDouble(double value) noexcept { word_ = kDouble, payload_.number = value; }
   void SetString(wchar_t const* text, bool copy);
   void SetBlob(void const* bytes, int lengthBytes, bool copy);
 
   // Releases this value and makes it a borrowed view of the other's text or bytes, or a copy of its
-  // number.
-  // Requires: the other value carries no cached text.
-  void ShallowCopy(Value const& other);
+  // number; a cached text stays with the other value.
+  // Requires: this and other are two values, and other's text or bytes are not borrowed from this one.
+  void ShallowCopy(Value const& other) {
+    if (MayOwnMemory()) Release();
+    std::uint64_t const code = other.word_ & kCodeMask;
+    if (code < kString) {
+      word_ = code;
+    } else {
+      word_ = other.word_ | kBorrowed;
+    }
+    payload_ = other.payload_;
+  }
 
   // The text of a flag, an integer or a double; it stays until the value is released or replaced.
   wchar_t const* CachedStringPtr() const;
