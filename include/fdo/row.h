@@ -66,7 +66,12 @@ class QUILLON_EXPORT Row {
 
  private:
   // Fetching changes a cell only from unknown to known, so it is allowed through a const row.
-  Value& Cell(int column) const;
+  Value& Cell(int column) const {
+    Value& cell = values_[column];
+    if (!cell.IsValid() && table_ != nullptr) Fetch(cell, column);
+    return cell;
+  }
+  void Fetch(Value& cell, int column) const;
 
   Value* values_ = nullptr;        // owned, one for each column
   TableDef const* def_ = nullptr;  // not owned

@@ -123,10 +123,10 @@ class QUILLON_EXPORT Table {
  private:
   friend class Row;
 
-  // Queries one column and calls visit with the cell of each record; false when there is no such
+  // Queries one column and calls visit with the cell of each record; does nothing when there is no such
   // column.
   template <class Visit>
-  bool ScanColumn(wchar_t const* column, FdoFilter* filter, Visit visit);
+  void ScanColumn(wchar_t const* column, FdoFilter* filter, Visit visit);
 };
 
 }  // namespace fdo

@@ -1,0 +1,236 @@
+#include "values/date_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+
+#include "values/number_text.h"
+
+namespace fdo::internal {
+namespace {
+
+// Collects the text of one date-time; a float's text is 43 characters at most, so it all fits.
+class TextWriter {
+ public:
+  void Put(char unit) { *end_++ = static_cast<wchar_t>(unit); }
+
+  // As "%0<width>d".
+  void PutInteger(int value, int width) {
+    if (value < 0) {
+      Put('-');
+      value = -value;
+      --width;
+    }
+    char digits[8];
+    int count = 0;
+    do {
+      digits[count++] = static_cast<char>('0' + value % 10);
+      value /= 10;
+    } while (value != 0);
+    for (; width > count; --width) Put('0');
+    while (count > 0) Put(digits[--count]);
+  }
+
+  // As "%06.3f".
+  void PutSeconds(float seconds) {
+    constexpr float kMaxFast = 1000000.0f;
+    if (!std::signbit(seconds) && seconds < kMaxFast) {
+      // 24 bits times a thousand are exact in a double, so this rounds once, halves to even.
+      auto const thousandths = static_cast<int>(std::nearbyint(static_cast<double>(seconds) * 1000.0));
+      PutInteger(thousandths / 1000, 2);
+      Put('.');
+      PutInteger(thousandths % 1000, 3);
+    } else if (std::isfinite(seconds)) {
+      // A sign, or the many digits, fill the six characters.
+      char digits[64];
+      PutText(digits, std::to_chars(std::begin(digits), std::end(digits), static_cast<double>(seconds),
+                                    std::chars_format::fixed, 3)
+                          .ptr);
+    } else {
+      char const* const word = std::isnan(seconds) ? (std::signbit(seconds) ? "  -nan" : "   nan")
+                                                   : (std::signbit(seconds) ? "  -inf" : "   inf");
+      PutText(word, word + 6);
+    }
+  }
+
+  int CopyTo(wchar_t (&text)[kDateTextSize]) const {
+    auto const length = std::min<std::ptrdiff_t>(end_ - text_, kDateTextSize - 1);
+    std::copy_n(text_, length, text);
+    text[length] = 0;
+    return static_cast<int>(length);
+  }
+
+ private:
+  void PutText(char const* begin, char const* end) {
+    while (begin != end) Put(*begin++);
+  }
+
+  wchar_t text_[96];
+  wchar_t* end_ = text_;
+};
+
+// Reads fields as one call of swscanf does: from the first that fails on, nothing is read.
+class FieldReader {
+ public:
+  explicit FieldReader(wchar_t const* text) : next_(text) {}
+
+  int Count() const { return count_; }
+
+  // "%d". A number beyond 64 bits is clamped, then its low 32 bits are taken.
+  void Integer(int& field) {
+    if (failed_) return;
+    long long number;
+    wchar_t const* const end = ReadInteger(next_, number);
+    if (Took(end)) field = static_cast<int>(static_cast<std::uint32_t>(number));
+  }
+
+  // "%f". Unlike strtof this refuses a word or a hexadecimal number that breaks off.
+  void Real(float& field) {
+    if (failed_) return;
+    float number;
+    wchar_t const* const end = ReadReal(next_, number);
+    if (EndsInTheMiddle(end)) {
+      failed_ = true;
+    } else if (Took(end)) {
+      field = number;
+    }
+  }
+
+  void Literal(wchar_t unit) {
+    if (failed_) return;
+    failed_ = *next_ != unit;
+    ++next_;
+  }
+
+  // A blank in the format: any number of blanks, none included.
+  void Blanks() {
+    while (!failed_ && IsBlank(*next_)) ++next_;
+  }
+
+ private:
+  bool Took(wchar_t const* end) {
+    failed_ = end == next_;
+    next_ = end;
+    if (!failed_) ++count_;
+    return !failed_;
+  }
+
+  bool EndsInTheMiddle(wchar_t const* end) const {
+    if (end == next_) return false;
+    bool const isInf = end - next_ >= 3 && LowerCase(end[-1]) == L'f' && LowerCase(end[-2]) == L'n';
+    if (isInf) return LowerCase(*end) == L'i';
+    return end[-1] == L'0' && LowerCase(*end) == L'x' && end[1] != L'.' && IsLoneZero(end);
+  }
+
+  // Whether the number that ends there is a single 0, so that an x behind it belongs to it.
+  bool IsLoneZero(wchar_t const* end) const {
+    return end - next_ == 1 || IsBlank(end[-2]) || end[-2] == L'-' || end[-2] == L'+';
+  }
+
+  wchar_t const* next_;
+  int count_ = 0;
+  bool failed_ = false;
+};
+
+struct Marks {
+  bool date = false;  // a hyphen, before anything else
+  bool time = false;  // a colon
+  bool letterT = false;
+  bool blank = false;
+};
+
+// What tells the forms apart stands within the first characters.
+Marks FindMarks(wchar_t const* text) {
+  constexpr int kScanned = 30;
+  Marks marks;
+  for (int i = 0; i < kScanned && text[i] != 0; ++i) {
+    switch (text[i]) {
+      case L'-':
+        marks.date = true;
+        break;
+      case L':':
+        marks.time = true;
+        return marks;
+      case L' ':
+        marks.blank = true;
+        return marks;
+      case L'T':
+        marks.letterT = true;
+        return marks;
+      default:
+        break;
+    }
+  }
+  return marks;
+}
+
+}  // namespace
+
+int FormatDateTime(FdoDateTime const& value, wchar_t (&text)[kDateTextSize]) {
+  bool const hasDate = value.year != -1;
+  bool const hasTime = value.hour != -1;
+  TextWriter writer;
+  if (hasDate) {
+    writer.PutInteger(value.year, 4);
+    writer.Put('-');
+    writer.PutInteger(value.month, 2);
+    writer.Put('-');
+    writer.PutInteger(value.day, 2);
+  }
+  if (hasDate && hasTime) writer.Put('T');
+  if (hasTime) {
+    writer.PutInteger(value.hour, 2);
+    writer.Put(':');
+    writer.PutInteger(value.minute, 2);
+    writer.Put(':');
+    writer.PutSeconds(value.seconds);
+  }
+  return writer.CopyTo(text);
+}
+
+bool ParseDateTime(wchar_t const* text, FdoDateTime& value) {
+  if (text == nullptr) return false;
+  Marks const marks = FindMarks(text);
+  bool const timeOnly = marks.time && !marks.date;
+  bool const dateOnly = marks.date && !marks.time && !marks.letterT && !marks.blank;
+  if (!marks.date && !marks.time && !marks.letterT && !marks.blank) return false;
+
+  int year = -1, month = -1, day = -1, hour = -1, minute = -1;
+  float seconds = 0.0f;
+  FieldReader fields(text);
+  if (!timeOnly) {
+    fields.Integer(year);
+    fields.Literal(L'-');
+    fields.Integer(month);
+    fields.Literal(L'-');
+    fields.Integer(day);
+  }
+  if (!timeOnly && !dateOnly) {
+    if (marks.letterT) {
+      fields.Literal(L'T');
+    } else {
+      fields.Blanks();
+    }
+  }
+  if (!dateOnly) {
+    fields.Integer(hour);
+    fields.Literal(L':');
+    fields.Integer(minute);
+    fields.Literal(L':');
+    fields.Real(seconds);
+  }
+  if (fields.Count() != 3 && fields.Count() != 5 && fields.Count() != 6) return false;
+
+  value.year = static_cast<FdoInt16>(year);
+  value.month = static_cast<FdoInt8>(month);
+  value.day = static_cast<FdoInt8>(day);
+  value.hour = static_cast<FdoInt8>(hour);
+  value.minute = static_cast<FdoInt8>(minute);
+  value.seconds = seconds;
+  return true;
+}
+
+}  // namespace fdo::internal
