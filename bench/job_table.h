@@ -1,0 +1,24 @@
+// A new job is one file that defines its Sides function, listed with its name in CMakeLists.txt, and
+// here its declaration and, in job_table.cc, a row for each data set it runs on.
+#ifndef BENCH_JOB_TABLE_H_
+#define BENCH_JOB_TABLE_H_
+
+#include <span>
+#include <string_view>
+
+#include "bench/job.h"
+
+namespace fdo::bench {
+
+struct Workbench;
+
+Sides FgfBoxJob(Workbench const& bench, std::string_view data);
+Sides FgfToWkbJob(Workbench const& bench, std::string_view data);
+Sides WkbToFgfJob(Workbench const& bench, std::string_view data);
+
+// Every job, in the order in which they run and are shown.
+std::span<Job const> Jobs();
+
+}  // namespace fdo::bench
+
+#endif  // BENCH_JOB_TABLE_H_
