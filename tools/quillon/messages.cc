@@ -1,0 +1,186 @@
+#include "tools/quillon/messages.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include "tools/quillon/utf8.h"
+
+namespace fdo::tool {
+
+namespace {
+
+constexpr std::size_t kListedNames = 10;
+
+std::string WithDetail(std::string const& detail) { return detail.empty() ? "" : ": " + detail; }
+
+// The question if there is somebody to ask about, else the list to choose from.
+std::string DidYouMean(std::string const& suggestion, std::string const& kind,
+                       std::vector<std::string> const& names) {
+  if (!suggestion.empty()) return fmt::format("did you mean \"{}\"?", suggestion);
+  return fmt::format("its {} are {}", kind, ListNames(names));
+}
+
+// What stands in front of the caret, with tabs kept, so that it ends up under the right character.
+std::string BlankUpTo(std::string const& text, int position) {
+  std::string blank;
+  std::size_t at = 0;
+  for (int i = 0; i < position && at < text.size(); ++i) {
+    char32_t const character = NextCharacter(text, at);
+    if (character == '\t') {
+      blank += '\t';
+    } else {
+      blank.append(static_cast<std::size_t>(DisplayWidth(character)), ' ');
+    }
+  }
+  return blank;
+}
+
+}  // namespace
+
+Failure NotUtf8(int argument) {
+  return {ExitCode::kUsage,
+          fmt::format("argument {} is not UTF-8 text; set a UTF-8 locale or rename the file", argument)};
+}
+
+Failure BadBox(std::string const& text) {
+  return {ExitCode::kUsage,
+          fmt::format("\"{}\" is no box; write --bbox minx,miny,maxx,maxy with four numbers, the smaller "
+                      "ones first",
+                      text)};
+}
+
+Failure ColumnTwice(std::string const& name) {
+  return {ExitCode::kUsage, fmt::format("column \"{}\" is selected twice; name each column once", name)};
+}
+
+Failure UnknownFormat(std::string const& target, std::string const& driver, std::string const& detail) {
+  if (driver.empty()) {
+    return {ExitCode::kUsage,
+            fmt::format("the name \"{}\" does not tell a format that can be written; name a "
+                        "GDAL driver with --format, such as --format GPKG",
+                        target)};
+  }
+  return {ExitCode::kUsage,
+          fmt::format("format \"{}\" cannot be written{}; see ogrinfo --formats for the drivers", driver,
+                      WithDetail(detail))};
+}
+
+Failure SourceMissing(std::string const& source) {
+  return {ExitCode::kCannotOpen, fmt::format("{} does not exist; check the path", source)};
+}
+
+Failure SourceUnreadable(std::string const& source, std::string const& detail) {
+  return {ExitCode::kCannotOpen,
+          fmt::format("{} cannot be opened as vector data{}; the file may be damaged, incomplete, not "
+                      "readable for you or of another kind, or GDAL may not be installed (libgdal)",
+                      source, WithDetail(detail))};
+}
+
+Failure NoTables(std::string const& source) {
+  return {ExitCode::kFailed, fmt::format("{} has no tables", source)};
+}
+
+Failure NoSuchTable(std::string const& source, std::string const& name, std::string const& suggestion,
+                    std::vector<std::string> const& tables) {
+  return {ExitCode::kFailed,
+          fmt::format("{} has no table \"{}\"; {}", source, name, DidYouMean(suggestion, "tables", tables))};
+}
+
+Failure TableNotNamed(std::string const& source, std::vector<std::string> const& tables) {
+  return {ExitCode::kUsage, fmt::format("{} has {} tables; choose one with --table: {}", source,
+                                        tables.size(), ListNames(tables))};
+}
+
+Failure NoSuchColumn(std::string const& table, std::string const& name, std::string const& suggestion,
+                     std::vector<std::string> const& columns) {
+  return {ExitCode::kFailed, fmt::format("{} has no column \"{}\"; {}", table, name,
+                                         DidYouMean(suggestion, "columns", columns))};
+}
+
+Failure NoSuchRow(std::string const& table, std::int64_t id) {
+  return {ExitCode::kFailed, fmt::format("{} has no row with id {}", table, id)};
+}
+
+Failure NoGeometry(std::string const& table, std::string const& option) {
+  return {ExitCode::kFailed, fmt::format("{} has no geometry column, so {} cannot be used", table, option)};
+}
+
+Failure NoStatistics(std::string const& table, std::string const& column, std::string const& type) {
+  return {ExitCode::kFailed,
+          fmt::format("column \"{}\" of {} is of type {}, which has no statistics; quillon "
+                      "info shows the extent of a geometry column",
+                      column, table, type)};
+}
+
+Failure BadFilter(std::string const& text, std::string const& detail, std::optional<int> position) {
+  std::string message = fmt::format("the filter does not parse: {}\n  {}", detail, text);
+  if (position) message += fmt::format("\n  {}^", BlankUpTo(text, *position));
+  return {ExitCode::kUsage, std::move(message)};
+}
+
+Failure CannotWriteOutput(int systemError) {
+  std::string const reason =
+      systemError == 0 ? std::string("unknown error") : std::generic_category().message(systemError);
+  std::string const advice =
+      systemError == EPIPE ? "the program that reads it has ended" : "the output is incomplete";
+  return {ExitCode::kFailed, fmt::format("cannot write to the standard output: {}; {}", reason, advice)};
+}
+
+Failure TargetExists(std::string const& target) {
+  return {ExitCode::kFailed,
+          fmt::format("{} exists; give another name or --overwrite to replace it", target)};
+}
+
+Failure TargetIsSource(std::string const& target) {
+  return {ExitCode::kUsage, fmt::format("{} is the source itself; give another name for the target", target)};
+}
+
+Failure TargetFolderMissing(std::string const& folder) {
+  return {ExitCode::kFailed, fmt::format("the folder {} does not exist; create it first", folder)};
+}
+
+Failure CannotCreate(std::string const& target, std::string const& driver, std::string const& detail) {
+  return {ExitCode::kFailed, fmt::format("cannot create {} with driver {}{}; nothing was written", target,
+                                         driver, WithDetail(detail))};
+}
+
+Failure CannotReadBack(std::string const& target, std::string const& detail) {
+  return {ExitCode::kFailed,
+          fmt::format("what was written for {} cannot be read back{}; nothing was kept. --no-check keeps it "
+                      "unread",
+                      target, WithDetail(detail))};
+}
+
+Failure CannotPlace(std::string const& target, std::string const& detail) {
+  return {ExitCode::kFailed, fmt::format("cannot put the result in place as {}{}; nothing was kept", target,
+                                         WithDetail(detail))};
+}
+
+Failure NothingWritten(std::string const& target, std::int64_t rows, std::string const& detail) {
+  return {ExitCode::kFailed, fmt::format("none of {} rows could be written to {}{}; nothing was kept", rows,
+                                         target, WithDetail(detail))};
+}
+
+Failure Interrupted(std::string const& target) {
+  return {ExitCode::kFailed, fmt::format("interrupted; {} was not written", target)};
+}
+
+Failure Unexpected(std::string const& detail) {
+  return {ExitCode::kFailed, detail.empty() ? "the operation failed without a message" : detail};
+}
+
+std::string ListNames(std::vector<std::string> const& names) {
+  std::size_t const shown = names.size() > kListedNames + 1 ? kListedNames : names.size();
+  std::string list;
+  for (std::size_t i = 0; i < shown; ++i) {
+    if (i > 0) list += ", ";
+    list += names[i];
+  }
+  if (shown < names.size()) list += fmt::format(" and {} more", names.size() - shown);
+  return list;
+}
+
+}  // namespace fdo::tool

@@ -1,0 +1,57 @@
+// Everything that the program says when something is not as it should be. Texts in the arguments are
+// UTF-8.
+#ifndef TOOLS_QUILLON_MESSAGES_H_
+#define TOOLS_QUILLON_MESSAGES_H_
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tools/quillon/failure.h"
+
+namespace fdo::tool {
+
+// --- Command line -----------------------------------------------------------------------------
+Failure NotUtf8(int argument);
+Failure BadBox(std::string const& text);
+Failure ColumnTwice(std::string const& name);
+Failure UnknownFormat(std::string const& target, std::string const& driver, std::string const& detail);
+
+// --- Sources ----------------------------------------------------------------------------------
+Failure SourceMissing(std::string const& source);
+// detail: what the back end says, or "".
+Failure SourceUnreadable(std::string const& source, std::string const& detail);
+Failure NoTables(std::string const& source);
+Failure NoSuchTable(std::string const& source, std::string const& name, std::string const& suggestion,
+                    std::vector<std::string> const& tables);
+Failure TableNotNamed(std::string const& source, std::vector<std::string> const& tables);
+Failure NoSuchColumn(std::string const& table, std::string const& name, std::string const& suggestion,
+                     std::vector<std::string> const& columns);
+Failure NoSuchRow(std::string const& table, std::int64_t id);
+Failure NoGeometry(std::string const& table, std::string const& option);
+Failure NoStatistics(std::string const& table, std::string const& column, std::string const& type);
+
+// --- Filters ----------------------------------------------------------------------------------
+// position: of the error in text, in characters, if it is known; a caret is set under it.
+Failure BadFilter(std::string const& text, std::string const& detail, std::optional<int> position);
+
+// --- Work -------------------------------------------------------------------------------------
+Failure CannotWriteOutput(int systemError);
+Failure TargetExists(std::string const& target);
+Failure TargetIsSource(std::string const& target);
+Failure TargetFolderMissing(std::string const& folder);
+Failure CannotCreate(std::string const& target, std::string const& driver, std::string const& detail);
+Failure CannotReadBack(std::string const& target, std::string const& detail);
+Failure CannotPlace(std::string const& target, std::string const& detail);
+Failure NothingWritten(std::string const& target, std::int64_t rows, std::string const& detail);
+Failure Interrupted(std::string const& target);
+// What FDO or the library threw at the program.
+Failure Unexpected(std::string const& detail);
+
+// "a, b and 12 more": names for a message, at most ten of them.
+std::string ListNames(std::vector<std::string> const& names);
+
+}  // namespace fdo::tool
+
+#endif  // TOOLS_QUILLON_MESSAGES_H_

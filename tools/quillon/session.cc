@@ -1,0 +1,19 @@
+#include "tools/quillon/session.h"
+
+namespace fdo::tool {
+
+void Session::ForgiveDiagnostics() {
+  if (verbose) {
+    ShowDiagnostics();
+  } else {
+    diagnostics.Take();
+  }
+}
+
+bool Session::ShowDiagnostics() {
+  auto const lines = diagnostics.Take();
+  for (auto const& line : lines) console.Note(line);
+  return !lines.empty();
+}
+
+}  // namespace fdo::tool
