@@ -14,6 +14,7 @@ struct Workbench;
 
 Sides FgfBoxJob(Workbench const& bench, std::string_view data);
 Sides FgfToWkbJob(Workbench const& bench, std::string_view data);
+Sides StartJob(Workbench const& bench, std::string_view data);
 Sides WkbToFgfJob(Workbench const& bench, std::string_view data);
 
 // Every job, in the order in which they run and are shown.

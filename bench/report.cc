@@ -5,7 +5,7 @@
 namespace fdo::bench {
 namespace {
 
-constexpr char const* kLine = "| {:<14} | {:<23} | {:>14} | {:>14} | {:>6} | {:>13} | {:<16} | {:<7} |\n";
+constexpr char const* kLine = "| {:<14} | {:<23} | {:>15} | {:>15} | {:>6} | {:>14} | {:<16} | {:<7} |\n";
 
 std::string Figure(double figure, Unit const& unit) {
   struct Step {

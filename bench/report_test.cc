@@ -33,19 +33,16 @@ TEST(Report, TableSaysWhatIsToBeReachedAndWhetherItWas) {
   } const cases[] = {
       {&kScan,
        {1234567, 25000, 0.5, 0.25, 0.75, false},
-       "| scan           | points                  |   1.23M rows/s |  25.00k rows/s |   0.50 |  0.25 to "
-       "0.75 "
-       "| ratio >= 0.9     | no      |\n"},
+       "| scan           | points                  |    1.23M rows/s |   25.00k rows/s |   0.50 "
+       "|   0.25 to 0.75 | ratio >= 0.9     | no      |\n"},
       {&kMemory,
        {0.5, 12.25, 4, 4, 4, true},
-       "| memory         | rings                   |       0.50 MiB |      12.25 MiB |   4.00 |  4.00 to "
-       "4.00 "
-       "| ours <= 2 MiB    | yes     |\n"},
+       "| memory         | rings                   |        0.50 MiB |       12.25 MiB |   4.00 "
+       "|   4.00 to 4.00 | ours <= 2 MiB    | yes     |\n"},
       {&kFree,
        {3e9, 999, 3, 2, 4, true},
-       "| free           | rings                   |  3.00G bytes/s | 999.00 bytes/s |   3.00 |  2.00 to "
-       "4.00 "
-       "| -                | -       |\n"},
+       "| free           | rings                   |   3.00G bytes/s |  999.00 bytes/s |   3.00 "
+       "|   2.00 to 4.00 | -                | -       |\n"},
   };
   for (auto const& c : cases) EXPECT_EQ(TableLine({c.job, c.figures}), c.line);
 }

@@ -34,7 +34,7 @@ std::int32_t TypeCode(Shape shape) { return shape == Shape::kPoint ? 1 : 3; }
 
 SeededRow const& SeededRows::Next() {
   row_.wide = WholeBelow(2 * kWideBound) - kWideBound;
-  row_.narrow = static_cast<std::int32_t>(WholeBelow(2'000'000'001) - 1'000'000'000);
+  row_.narrow = static_cast<std::int32_t>(WholeBelow(199'999'999) - 99'999'999);
   row_.real = RealBelow(1'000'000);
   for (int i = 0; i < kTextLength; ++i) {
     row_.text[static_cast<std::size_t>(i)] = kTextAlphabet[WholeBelow(sizeof(kTextAlphabet) - 1)];

@@ -1,0 +1,21 @@
+#ifndef BENCH_VECTOR_FILES_H_
+#define BENCH_VECTOR_FILES_H_
+
+#include <filesystem>
+#include <string_view>
+
+#include "bench/workbench.h"
+
+namespace fdo::bench {
+
+// The file that holds that data: one layer of rows with a 64-bit, a 32-bit, a real, a text, a date-time
+// and a flag field. It is made when it is not there; what is there is whole, because a file gets its
+// name only when it is.
+//
+// data is one of: "gpkg points", "gpkg polygons", and the same with "fgb" and "shp".
+// Errors: std::invalid_argument for any other data, std::runtime_error when the file cannot be made.
+std::filesystem::path VectorFile(Workbench const& bench, std::string_view data);
+
+}  // namespace fdo::bench
+
+#endif  // BENCH_VECTOR_FILES_H_
