@@ -4,30 +4,49 @@
 #include <fdo/database.h>
 #include <fdo/export.h>
 
+#include <memory>
+#include <string>
+
 namespace fdo {
 
+namespace internal {
+class GdalSource;
+}
+
 // A vector data source that GDAL opens: each layer is a table, each feature a row. GDAL is loaded at
-// the first call that needs it, and its drivers are registered then, once in the process.
+// the first call that needs it, and its drivers are registered then, once in the process; the
+// environment variable QUILLON_GDAL_LIBRARY names another library than the one that is found.
 //
 // Every table has the feature id in column 0 and the geometry in column 1, named as the layer names
-// them or "OGR_FID" and "OGR_GEOMETRY"; the layer's fields follow.
+// them or "OGR_FID" and "OGR_GEOMETRY"; the layer's fields follow. Geometry that a stream cannot hold
+// is null. The text of a date has a time of day for every kind of date field, and no time zone. List
+// fields have the type kUnset; they are always null and never written.
 //
 // What tables of this back end do differently from what Table says:
 // - Next and Query(id) fill the whole row (or the desired fields of it); nothing is fetched later.
-//   Text and geometry cells are borrowed until the next feature is read.
-// - Query(filter, ...) keeps the box of the last box query and does not order. Query() drops both.
-//   A filter is handed to GDAL as its FDO text; one that GDAL refuses gives no rows and one
-//   diagnostic line.
+//   Text, bytes and geometry are borrowed until the next feature is read.
+// - Query(filter, ...) keeps the box of the last box query and does not order; a row count or an extent
+//   with a filter keeps it, too. Query() and QueryRange drop it. Which rows meet a box is GDAL's
+//   matter: in most formats those whose geometry does, in some those whose envelope does.
+// - GetRowCount, IsEmpty and GetExtent end the running query.
+// - A filter is handed to GDAL as a condition of the same meaning. What GDAL cannot run so is refused,
+//   on every format alike: text compared with numbers, dates, spatial and distance conditions,
+//   functions, parameters, NULL but for the test for it, brackets in LIKE, division by a column. Text
+//   is equal when case is, too; its order and LIKE's view of case are the format's. A refused filter
+//   gives no rows, the count -1, and one diagnostic line.
 // - Update(row, filter) ignores the filter: column 0 of the row says which feature is rewritten.
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.
 // - Delete(filter) must not be called: it ends the process.
-// - Insert and Update write a null number as 0; a null text, date or blob as null.
-// - GetExtent without a filter asks the layer.
+// - Insert and Update write every column: a null or undefined number as 0, other such cells as null. A
+//   number beyond a 32-bit field becomes the nearest that it holds. A row whose geometry would not come
+//   back as it is (broken, or with curves or M where the format has none) is refused.
+// - GetExtent without a filter asks the layer; zeros when the layer cannot tell.
 // - The row stands free of the table, so a cell outside the desired fields stays undefined. A row that
 //   is bound to such a table by hand must not be read where it is undefined: FetchCurrentValue makes
 //   the cell null and throws the text "not implemented yet" (char const*).
-// - BeginWrite and CommitWrite bracket a transaction where the format has one.
+// - BeginWrite and CommitWrite bracket a transaction where the format has one. A commit that fails is a
+//   diagnostic line, and so is a source that could not be written when it was closed.
 //
 // Threads: one at a time; different objects may be used on different threads.
 class QUILLON_EXPORT DatabaseOgr : public Database {
@@ -39,20 +58,46 @@ class QUILLON_EXPORT DatabaseOgr : public Database {
 
   // Opens the source, a path or another name that GDAL knows, for reading or for update; provider and
   // configuration are not used. ProviderName() is then GDAL's name of the driver.
-  // Errors: false when GDAL is not installed or does not open the source; nothing is printed.
+  // Errors: false when GDAL is not installed or does not open the source; nothing is printed, and
+  // LastError() says why.
   bool Connect(wchar_t const* source, wchar_t const* provider, wchar_t const* configuration, bool readOnly,
                bool loadSchema) override;
   void Disconnect() override;
   // Not supported: prints a diagnostic line and returns false.
   bool SetSchema(DatabaseDef const& def) override;
-  // A table with a layer of its own, so that both can be read side by side.
+  // A table with a source and a layer of its own, so that both can be read side by side. It is for
+  // reading only, and sees what this connection has written, but not what an open BeginWrite holds.
+  // Requires: it is destroyed before Disconnect.
+  // Errors: null for a source that was just created, and for one that cannot be opened twice.
   Table* DuplicateTable(Table* table) override;
   void DestroyTable(Table* table) override;
 
+  // Creates a data source with the tables of def and leaves it open for inserting; what was open before
+  // is closed. Formats that are written in one go cannot be read, or written to again, before it is
+  // closed. driver is GDAL's short name; null or "" is the one for the path's extension.
+  //
+  // The identity column, when it is an integer, and the main geometry become the layer's own; the other
+  // columns become fields in their order, of the type that comes nearest. So Def() afterwards has the
+  // identity, the geometry and then those columns, with the names and types that the format gave them.
+  // A coordinate system that GDAL cannot read is left out.
+  // Errors: false when the path exists, for a driver that cannot create vector data, more tables than
+  // the format takes, a second geometry column, or a column that no field can hold. Nothing is left at
+  // the path, nothing is printed, and LastError() says why.
+  bool Create(wchar_t const* path, wchar_t const* driver, DatabaseDef const& def);
+  // GDAL's short name of the driver that creates vector data under the path's extension; "" if none.
+  static std::wstring DriverForPath(wchar_t const* path);
+
+  // Why the last operation of this object or its tables that failed did so, mostly in GDAL's words; ""
+  // before any failure. Connect and Create begin anew.
+  // Borrowed: until the next operation.
+  wchar_t const* LastError() const { return lastError_.c_str(); }
+
  private:
+  void Opened(wchar_t const* name);
   void ReadSchema();
 
-  void* dataSource_ = nullptr;  // owned; null when disconnected
+  std::unique_ptr<internal::GdalSource> source_;  // null when disconnected
+  std::wstring lastError_;
 };
 
 }  // namespace fdo

@@ -1,0 +1,149 @@
+#include "ogr_backend/feature_writer.h"
+
+#include <fdo/geometry_stream.h>
+#include <fdo/text_conversion.h>
+
+#include <cstdint>
+#include <cwchar>
+#include <limits>
+
+#include "ogr_backend/column_types.h"
+#include "values/date_text.h"
+
+namespace fdo::internal {
+namespace {
+
+// Finds out what a geometry asks of the format that it is written to.
+class GeometryNeeds : public FgfVisitor {
+ public:
+  bool BeginGeometry(FgfGeometry const& geometry) override {
+    constexpr std::int32_t kFirstCurve = 10;
+    constexpr int kHasM = 2;
+    curves_ = curves_ || geometry.type >= kFirstCurve;
+    m_ = m_ || (geometry.dimensionality >= 0 && (geometry.dimensionality & kHasM) != 0);
+    return true;
+  }
+  bool Curves() const { return curves_; }
+  bool M() const { return m_; }
+
+ private:
+  bool curves_ = false;
+  bool m_ = false;
+};
+
+}  // namespace
+
+FeatureWriter::FeatureWriter(GdalApi const& gdal, DriverTraits const& traits, OgrLayerH layer,
+                             TableDef const& def)
+    : gdal_(gdal), layer_(layer), def_(def) {
+  holdsGeometry_ = gdal_.OGR_FD_GetGeomType(gdal_.OGR_L_GetLayerDefn(layer)) != kWkbNone;
+  requiresGeometry_ = holdsGeometry_ && traits.losesRowsWithoutGeometry;
+  holdsCurves_ = gdal_.OGR_L_TestCapability(layer, "CurveGeometries") != 0;
+  holdsM_ = gdal_.OGR_L_TestCapability(layer, "MeasuredGeometries") != 0 && !traits.losesM;
+}
+
+OgrFeatureH FeatureWriter::Write(Row const& row, std::string& refusal) {
+  OgrFeatureH const feature = gdal_.OGR_F_Create(gdal_.OGR_L_GetLayerDefn(layer_));
+  gdal_.OGR_F_SetFID(feature, static_cast<__int64>(row[kIdColumn]));
+  if (!WriteGeometry(feature, row[kGeometryColumn], refusal)) {
+    gdal_.OGR_F_Destroy(feature);
+    return nullptr;
+  }
+  for (int column = kFirstField; column < def_.ColumnCount(); ++column) {
+    WriteField(feature, column - kFirstField, def_[column].Type(), row[column]);
+  }
+  return feature;
+}
+
+bool FeatureWriter::WriteGeometry(OgrFeatureH feature, Value const& cell, std::string& refusal) {
+  unsigned char const* const fgf = cell.AsBlob();
+  int const fgfLength = fgf == nullptr ? 0 : cell.BlobLen();
+  if (fgfLength <= 0) {
+    if (requiresGeometry_) refusal = "the format keeps no row without a geometry";
+    return !requiresGeometry_;
+  }
+  if (!holdsGeometry_) {
+    refusal = "the layer holds no geometries";
+    return false;
+  }
+  auto const fgfBytes = static_cast<std::size_t>(fgfLength);
+  unsigned char* const wkb = wkb_.Reserve(FgfToIsoWkbBound(fgfBytes));
+  std::size_t const wkbBytes = FgfToIsoWkb(fgf, fgfBytes, wkb);
+  if (wkbBytes == 0 || wkbBytes > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    refusal = "the geometry cannot be written as WKB";
+    return false;
+  }
+  if (!holdsCurves_ || !holdsM_) {
+    // The stream is a sound one, or it would not have become WKB.
+    GeometryNeeds needs;
+    VisitFgf(fgf, fgf + fgfBytes, needs);
+    if (needs.Curves() && !holdsCurves_) refusal = "the format holds no curves";
+    if (needs.M() && !holdsM_) refusal = "the format holds no M ordinates";
+    if (!refusal.empty()) return false;
+  }
+  OgrGeometryH geometry = nullptr;
+  int const error = gdal_.OGR_G_CreateFromWkb(wkb, gdal_.OGR_L_GetSpatialRef(layer_), &geometry,
+                                              static_cast<int>(wkbBytes));
+  if (error != kOgrErrNone || geometry == nullptr) {
+    refusal = "GDAL does not take the geometry";
+    return false;
+  }
+  // The feature owns the geometry from here on, also when it does not take it.
+  return gdal_.OGR_F_SetGeometryDirectly(feature, geometry) == kOgrErrNone;
+}
+
+void FeatureWriter::WriteField(OgrFeatureH feature, int field, ColumnDef::DataType type, Value const& cell) {
+  switch (type) {
+    case ColumnDef::kInt32:
+    case ColumnDef::kInt64:
+      gdal_.OGR_F_SetFieldInteger64(feature, field, static_cast<__int64>(cell));
+      break;
+    case ColumnDef::kDouble:
+      gdal_.OGR_F_SetFieldDouble(feature, field, static_cast<double>(cell));
+      break;
+    case ColumnDef::kString:
+      WriteText(feature, field, cell);
+      break;
+    case ColumnDef::kDateTime:
+      WriteDateTime(feature, field, cell);
+      break;
+    case ColumnDef::kBlob:
+      if (unsigned char const* const bytes = cell.AsBlob()) {
+        gdal_.OGR_F_SetFieldBinary(feature, field, cell.BlobLen(), bytes);
+      } else {
+        gdal_.OGR_F_SetFieldNull(feature, field);
+      }
+      break;
+    default:
+      break;  // a list column is carried, but never written
+  }
+}
+
+void FeatureWriter::WriteText(OgrFeatureH feature, int field, Value const& cell) {
+  wchar_t const* const text = cell;
+  std::size_t const length = text == nullptr ? 0 : std::wcslen(text);
+  // Six bytes for each character at most: a character above U+FFFF is two sequences of three.
+  std::size_t const room = length * 6 + 1;
+  if (text == nullptr || room > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    gdal_.OGR_F_SetFieldNull(feature, field);
+    return;
+  }
+  auto* const narrow = reinterpret_cast<char*>(text_.Reserve(room));
+  WideToUtf8(text, static_cast<int>(length * sizeof(wchar_t)), narrow, static_cast<int>(room));
+  gdal_.OGR_F_SetFieldString(feature, field, narrow);
+}
+
+void FeatureWriter::WriteDateTime(OgrFeatureH feature, int field, Value const& cell) {
+  constexpr int kNoTimeZone = 0;
+  FdoDateTime value;
+  if (!ParseDateTime(cell, value)) {
+    gdal_.OGR_F_SetFieldNull(feature, field);
+    return;
+  }
+  // An absent part (-1) is one that the field's type has no place for, or that is zero there.
+  auto const part = [](int number) { return number < 0 ? 0 : number; };
+  gdal_.OGR_F_SetFieldDateTimeEx(feature, field, part(value.year), part(value.month), part(value.day),
+                                 part(value.hour), part(value.minute), value.seconds, kNoTimeZone);
+}
+
+}  // namespace fdo::internal

@@ -1,0 +1,389 @@
+#include "ogr_backend/table_ogr.h"
+
+#include <fdo/text_conversion.h>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "access/boundary.h"
+#include "access/diagnostics.h"
+#include "ogr_backend/column_types.h"
+
+namespace fdo::internal {
+namespace {
+
+constexpr __int64 kLeastId = std::numeric_limits<__int64>::min();
+constexpr __int64 kGreatestId = std::numeric_limits<__int64>::max();
+
+// Ranges up to this length are read id by id where the format finds a feature by its id.
+constexpr __int64 kLongestLookUp = 1000;
+
+bool EqualIgnoringAsciiCase(char const* left, char const* right) {
+  auto const lower = [](char unit) {
+    return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit + 32) : unit;
+  };
+  for (; *left != '\0' && lower(*left) == lower(*right); ++left, ++right) {
+  }
+  return lower(*left) == lower(*right);
+}
+
+// Whether a field hides a name that GDAL's dialect has for something else.
+bool HasField(TableDef const& def, char const* name) {
+  for (int column = kFirstField; column < def.ColumnCount(); ++column) {
+    if (EqualIgnoringAsciiCase(def[column].NameUTF8(), name)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+TableOgr::TableOgr(GdalSource& source, int layer, TableDef const& def, std::wstring& lastError)
+    : Table(&def),
+      source_(source),
+      gdal_(source.Gdal()),
+      layer_(gdal_.GDALDatasetGetLayer(source.Dataset(), layer)),
+      layerIndex_(layer),
+      lastError_(lastError),
+      row_(&def),
+      reader_(gdal_, row_),
+      desired_(static_cast<std::size_t>(def.ColumnCount()), true),
+      shown_(desired_),
+      read_(desired_) {}
+
+TableOgr::TableOgr(std::unique_ptr<GdalSource> source, int layer, TableDef const& def,
+                   std::wstring& lastError)
+    : TableOgr(*source, layer, def, lastError) {
+  ownSource_ = std::move(source);
+}
+
+void TableOgr::Remember(GdalErrorScope const& scope) {
+  lastError_ = scope.Message().empty() ? L"GDAL gives no reason" : ToWide(scope.Message().c_str());
+}
+
+void TableOgr::Refuse(wchar_t const* reason) {
+  lastError_ = std::wstring(L"GDAL cannot run the filter: ") + reason;
+  ReportError(lastError_.c_str());
+}
+
+// --- Writing -----------------------------------------------------------------------------------
+
+FeatureWriter& TableOgr::Writer() {
+  if (!writer_) writer_.emplace(gdal_, source_.Traits(), layer_, *def_);
+  return *writer_;
+}
+
+bool TableOgr::Insert(Row const& row, __int64* newId, bool storeMakesId) {
+  if (newId != nullptr) *newId = 0;
+  return AtBoundary(false, [&] {
+    GdalErrorScope scope(gdal_);
+    std::string refusal;
+    OgrFeatureH const feature = Writer().Write(row, refusal);
+    if (feature == nullptr) {
+      lastError_ = ToWide(refusal.c_str());
+      return false;
+    }
+    if (storeMakesId) gdal_.OGR_F_SetFID(feature, kOgrNullFid);
+    bool const done = gdal_.OGR_L_CreateFeature(layer_, feature) == kOgrErrNone;
+    __int64 const id = gdal_.OGR_F_GetFID(feature);
+    gdal_.OGR_F_Destroy(feature);
+    if (!done) Remember(scope);
+    if (done && newId != nullptr && id != kOgrNullFid) *newId = id;
+    return done;
+  });
+}
+
+__int64 TableOgr::Update(Row const& row, FdoFilter* /*filter*/) {
+  constexpr __int64 kFailed = -1;
+  return AtBoundary(kFailed, [&] {
+    GdalErrorScope scope(gdal_);
+    std::string refusal;
+    OgrFeatureH const feature = Writer().Write(row, refusal);
+    if (feature == nullptr) {
+      lastError_ = ToWide(refusal.c_str());
+      return kFailed;
+    }
+    bool const done = gdal_.OGR_L_SetFeature(layer_, feature) == kOgrErrNone;
+    gdal_.OGR_F_Destroy(feature);
+    if (!done) Remember(scope);
+    return done ? __int64{1} : kFailed;
+  });
+}
+
+bool TableOgr::Update(Row const& /*row*/, __int64 /*id*/) { return false; }
+
+// Nothing is handled here, so this ends the process.
+__int64 TableOgr::Delete(FdoFilter* /*filter*/) { throw; }
+
+bool TableOgr::Delete(__int64 id) {
+  GdalErrorScope scope(gdal_);
+  bool const done = gdal_.OGR_L_DeleteFeature(layer_, id) == kOgrErrNone;
+  if (!done) Remember(scope);
+  return done;
+}
+
+void TableOgr::BeginWrite() {
+  GdalErrorScope scope(gdal_);
+  source_.BeginBatch();
+}
+
+void TableOgr::CommitWrite() {
+  GdalErrorScope scope(gdal_);
+  if (source_.CommitBatch()) return;
+  // There is no result to tell it by, and rows that were reported as written are lost.
+  Remember(scope);
+  ReportError((L"The writes could not be committed: " + lastError_).c_str());
+}
+
+// --- Starting a query --------------------------------------------------------------------------
+
+FilterTarget TableOgr::Target() const {
+  FilterTarget target{source_.Traits().runsOwnSql, "", ""};
+  char const* const idColumn = gdal_.OGR_L_GetFIDColumn(layer_);
+  target.idName = idColumn == nullptr ? "" : idColumn;
+  if (target.ownSql) {
+    char const* const geometryColumn = gdal_.OGR_L_GetGeometryColumn(layer_);
+    target.geometryName = geometryColumn == nullptr ? "" : geometryColumn;
+  } else {
+    if (target.idName.empty() && !HasField(*def_, "FID")) target.idName = "FID";
+    if (!HasField(*def_, "OGR_GEOMETRY")) target.geometryName = "OGR_GEOMETRY";
+  }
+  return target;
+}
+
+// Has the row show the desired columns, and the layer ignore what neither they nor the condition nor
+// the box needs: a condition on an ignored field matches nothing, without an error.
+void TableOgr::ApplyDesiredFields(std::vector<bool> const* filterColumns) {
+  if (shown_ != desired_) {
+    shown_ = desired_;
+    reader_.SetColumns(shown_);
+  }
+  std::vector<bool> needed = shown_;
+  for (std::size_t i = 0; filterColumns != nullptr && i < needed.size(); ++i) {
+    needed[i] = needed[i] || (*filterColumns)[i];
+  }
+  needed[kIdColumn] = true;
+  needed[kGeometryColumn] = needed[kGeometryColumn] || hasBox_;
+  if (needed == read_ || gdal_.OGR_L_TestCapability(layer_, "IgnoreFields") == 0) return;
+  std::vector<char const*> ignored;
+  if (!needed[kGeometryColumn]) ignored.push_back("OGR_GEOMETRY");
+  for (int column = kFirstField; column < def_->ColumnCount(); ++column) {
+    if (needed[static_cast<std::size_t>(column)]) continue;
+    ignored.push_back(gdal_.OGR_Fld_GetNameRef(
+        gdal_.OGR_FD_GetFieldDefn(gdal_.OGR_L_GetLayerDefn(layer_), column - kFirstField)));
+  }
+  ignored.push_back(nullptr);
+  bool const narrowed = gdal_.OGR_L_SetIgnoredFields(layer_, ignored.data()) == kOgrErrNone;
+  if (!narrowed) gdal_.OGR_L_SetIgnoredFields(layer_, nullptr);
+  read_ = narrowed ? needed : std::vector<bool>(needed.size(), true);
+}
+
+bool TableOgr::SetCondition(std::string const* condition) {
+  filtered_ = condition != nullptr;
+  return gdal_.OGR_L_SetAttributeFilter(layer_, condition == nullptr ? nullptr : condition->c_str()) ==
+         kOgrErrNone;
+}
+
+// Null lifts the box.
+void TableOgr::SetBox(double const* box) {
+  hasBox_ = box != nullptr;
+  if (box == nullptr) {
+    gdal_.OGR_L_SetSpatialFilter(layer_, nullptr);
+    return;
+  }
+  std::copy(box, box + 4, box_);
+  gdal_.OGR_L_SetSpatialFilterRect(layer_, box[0], box[1], box[2], box[3]);
+}
+
+// Puts filter, desired columns and, as it stands, the box in force, and ends what ran before.
+// Gives: false when the filter is refused; that has been reported.
+bool TableOgr::StartQuery(FdoFilter* filter) {
+  scan_ = Scan::kNone;
+  first_ = kLeastId;
+  last_ = kGreatestId;
+  return AtBoundary(false, [&] {
+    GdalErrorScope scope(gdal_);
+    FilterSql sql;
+    if (filter != nullptr) {
+      sql = TranslateFilter(filter, *def_, Target());
+      if (sql.refused) {
+        Refuse(sql.refusal.c_str());
+        return false;
+      }
+    }
+    // Some drivers look at what is ignored when the condition is set, so that comes second.
+    ApplyDesiredFields(filter == nullptr ? nullptr : &sql.columns);
+    if (!SetCondition(filter == nullptr ? nullptr : &sql.text)) {
+      // A condition that GDAL does not take leaves the layer without one, which must not widen the query.
+      Remember(scope);
+      Refuse(std::wstring(lastError_).c_str());
+      return false;
+    }
+    gdal_.OGR_L_ResetReading(layer_);
+    return true;
+  });
+}
+
+void TableOgr::Query() {
+  {
+    GdalErrorScope scope(gdal_);
+    SetBox(nullptr);
+  }
+  Query(nullptr, nullptr, true);
+}
+
+void TableOgr::Query(FdoFilter* filter, wchar_t const* /*orderBy*/, bool /*ascending*/) {
+  if (StartQuery(filter)) scan_ = Scan::kLayer;
+}
+
+void TableOgr::Query(double const* const box, FdoFilter* filter) {
+  {
+    GdalErrorScope scope(gdal_);
+    SetBox(box);
+  }
+  Query(filter, nullptr, true);
+}
+
+void TableOgr::QueryRange(__int64 first, __int64 last) {
+  {
+    GdalErrorScope scope(gdal_);
+    SetBox(nullptr);
+  }
+  if (!StartQuery(nullptr) || first >= last) return;
+  first_ = first;
+  last_ = last - 1;
+  GdalErrorScope scope(gdal_);
+  FilterTarget const target = Target();
+  if (target.ownSql && !target.idName.empty()) {
+    std::string const id = "\"" + target.idName + "\"";
+    std::string const condition =
+        id + " >= " + std::to_string(first_) + " AND " + id + " <= " + std::to_string(last_);
+    // Next looks at the ids, too, so that a condition that is not taken does no harm.
+    SetCondition(&condition);
+    gdal_.OGR_L_ResetReading(layer_);
+    scan_ = Scan::kLayer;
+  } else {
+    // The difference of the ends does not overflow as an unsigned number.
+    bool const isShort = static_cast<std::uint64_t>(last_) - static_cast<std::uint64_t>(first_) <
+                         std::uint64_t{kLongestLookUp};
+    bool const findsById = gdal_.OGR_L_TestCapability(layer_, "RandomRead") != 0;
+    scan_ = isShort && findsById ? Scan::kById : Scan::kLayer;
+  }
+}
+
+Row const* TableOgr::Query(__int64 id) {
+  scan_ = Scan::kNone;
+  return AtBoundary(static_cast<Row const*>(nullptr), [&]() -> Row const* {
+    GdalErrorScope scope(gdal_);
+    ApplyDesiredFields(nullptr);
+    OgrFeatureH const feature = gdal_.OGR_L_GetFeature(layer_, id);
+    return feature == nullptr ? nullptr : Show(feature);
+  });
+}
+
+void TableOgr::EndQuery() {
+  scan_ = Scan::kNone;
+  GdalErrorScope scope(gdal_);
+  gdal_.OGR_L_ResetReading(layer_);
+}
+
+void TableOgr::SetDesiredFields(int const* columns, int count) {
+  bool const all = columns == nullptr || count <= 0;
+  desired_.assign(desired_.size(), all);
+  for (int i = 0; !all && i < count; ++i) desired_[static_cast<std::size_t>(columns[i])] = true;
+}
+
+// --- Reading -----------------------------------------------------------------------------------
+
+OgrFeatureH TableOgr::NextFeature() {
+  if (scan_ == Scan::kLayer) {
+    while (OgrFeatureH const feature = gdal_.OGR_L_GetNextFeature(layer_)) {
+      __int64 const id = gdal_.OGR_F_GetFID(feature);
+      if (id >= first_ && id <= last_) return feature;
+      gdal_.OGR_F_Destroy(feature);
+    }
+  } else if (scan_ == Scan::kById) {
+    while (first_ <= last_) {
+      if (OgrFeatureH const feature = gdal_.OGR_L_GetFeature(layer_, first_++)) return feature;
+    }
+  }
+  return nullptr;
+}
+
+Row const* TableOgr::Show(OgrFeatureH feature) {
+  auto const destroy = [this](OgrFeatureH shown) { gdal_.OGR_F_Destroy(shown); };
+  std::unique_ptr<OgrFeature, decltype(destroy)> const holder(feature, destroy);
+  reader_.Read(feature);
+  return &row_;
+}
+
+Row const* TableOgr::Next() {
+  if (scan_ == Scan::kNone) return nullptr;
+  GdalErrorScope scope(gdal_);
+  if (OgrFeatureH const feature = NextFeature()) return Show(feature);
+  if (scan_ == Scan::kLayer && scope.Failed()) {
+    Remember(scope);
+    // A store that runs its own SQL notices a bad condition only here.
+    if (filtered_) Refuse(std::wstring(lastError_).c_str());
+  }
+  scan_ = Scan::kNone;
+  return nullptr;
+}
+
+void TableOgr::FetchCurrentValue(Value& cell, int /*column*/) const {
+  cell.Reset();
+  throw "not implemented yet";
+}
+
+// --- Counting and measuring --------------------------------------------------------------------
+
+bool TableOgr::IsEmpty(FdoFilter* filter) {
+  __int64 const count = GetRowCount(filter, /*allowScan=*/false);
+  if (count >= 0) return count == 0;
+  // Not every format knows its count, and none when there is a condition: one row tells as much.
+  std::vector<bool> const desired = std::exchange(desired_, std::vector<bool>(desired_.size(), false));
+  bool empty = true;
+  if (StartQuery(filter)) {
+    scan_ = Scan::kLayer;
+    empty = Next() == nullptr;
+  }
+  EndQuery();
+  desired_ = desired;
+  return empty;
+}
+
+__int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
+  constexpr __int64 kUnknown = -1;
+  if (!StartQuery(filter)) return kUnknown;
+  GdalErrorScope scope(gdal_);
+  __int64 const count = gdal_.OGR_L_GetFeatureCount(layer_, allowScan ? 1 : 0);
+  if (count < 0 && scope.Failed()) {
+    Remember(scope);
+    if (filtered_) Refuse(std::wstring(lastError_).c_str());
+  }
+  return count;
+}
+
+void TableOgr::GetExtent(double* const box, FdoFilter* filter) {
+  if (filter != nullptr) return Table::GetExtent(box, filter);
+  scan_ = Scan::kNone;
+  GdalErrorScope scope(gdal_);
+  // A driver that scans for the extent does so under the filters that are set.
+  bool const hadBox = hasBox_;
+  SetCondition(nullptr);
+  SetBox(nullptr);
+  gdal_.OGR_L_SetIgnoredFields(layer_, nullptr);
+  read_.assign(read_.size(), true);
+  OgrEnvelope extent = {0, 0, 0, 0};
+  if (gdal_.OGR_L_GetExtent(layer_, &extent, /*force=*/1) != kOgrErrNone) {
+    extent = {0, 0, 0, 0};
+    Remember(scope);
+  }
+  if (hadBox) SetBox(box_);
+  box[0] = extent.minX;
+  box[1] = extent.minY;
+  box[2] = extent.maxX;
+  box[3] = extent.maxY;
+}
+
+}  // namespace fdo::internal
