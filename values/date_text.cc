@@ -118,16 +118,14 @@ class FieldReader {
     return !failed_;
   }
 
+  // Whether text goes on after the number as only a longer one does: "0x" and no digit, "infi" and no
+  // "infinity".
   bool EndsInTheMiddle(wchar_t const* end) const {
-    if (end == next_) return false;
-    bool const isInf = end - next_ >= 3 && LowerCase(end[-1]) == L'f' && LowerCase(end[-2]) == L'n';
-    if (isInf) return LowerCase(*end) == L'i';
-    return end[-1] == L'0' && LowerCase(*end) == L'x' && end[1] != L'.' && IsLoneZero(end);
-  }
-
-  // Whether the number that ends there is a single 0, so that an x behind it belongs to it.
-  bool IsLoneZero(wchar_t const* end) const {
-    return end - next_ == 1 || IsBlank(end[-2]) || end[-2] == L'-' || end[-2] == L'+';
+    wchar_t const* begin = next_;
+    while (IsBlank(*begin)) ++begin;
+    if (*begin == L'-' || *begin == L'+') ++begin;
+    if (end - begin == 1) return *begin == L'0' && LowerCase(*end) == L'x' && end[1] != L'.';
+    return end - begin == 3 && LowerCase(*begin) == L'i' && LowerCase(*end) == L'i';
   }
 
   wchar_t const* next_;
