@@ -112,11 +112,11 @@ TEST(Compare, GoalIsALeastRatioOrAGreatestAmount) {
     double ratio;
     bool reached;
   } const cases[] = {
-      {kRowsPerSecond, 0.5, 50, 0.5, true},  {kRowsPerSecond, 0.5, 25, 0.25, false},
-      {kRowsPerSecond, 0, 1, 0.01, true},    {kMebibytes, 2, 1, 2, true},
-      {kMebibytes, 2, 2, 1, true},           {kMebibytes, 2, 4, 0.5, false},
-      {kMebibytes, 2, 0, 512, true},         {kMebibytes, 2, -3, 512, true},
-      {kMebibytes, 2, 1.0 / 512, 512, true},
+      {kRowsPerSecond, 0.5, 50, 0.5, true}, {kRowsPerSecond, 0.5, 25, 0.25, false},
+      {kRowsPerSecond, 0, 1, 0.01, true},   {kMebibytes, 2, 1, 2, true},
+      {kMebibytes, 2, 2, 1, true},          {kMebibytes, 2, 4, 0.5, false},
+      {kMebibytes, 2, 0, 32, true},         {kMebibytes, 2, -3, 32, true},
+      {kMebibytes, 2, 1.0 / 512, 32, true},
   };
   for (auto const& c : cases) {
     SCOPED_TRACE(std::string(c.unit.name) + " " + std::to_string(c.ours));

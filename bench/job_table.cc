@@ -5,6 +5,18 @@ namespace {
 
 // Each row: name, data, unit, goal, what prepares it.
 constexpr Job kJobs[] = {
+    {"ogr-scan", "gpkg points", kRowsPerSecond, 0.9, OgrScanJob},
+    {"ogr-scan", "gpkg polygons", kRowsPerSecond, 0.9, OgrScanJob},
+    {"ogr-scan", "fgb points", kRowsPerSecond, 0.9, OgrScanJob},
+    {"ogr-scan", "fgb polygons", kRowsPerSecond, 0.9, OgrScanJob},
+    {"ogr-scan", "shp points", kRowsPerSecond, 0.9, OgrScanJob},
+    {"ogr-scan", "shp polygons", kRowsPerSecond, 0.9, OgrScanJob},
+    {"ogr-one-field", "gpkg points", kRowsPerSecond, 0.8, OgrOneFieldJob},
+    {"ogr-one-field", "gpkg polygons", kRowsPerSecond, 0.8, OgrOneFieldJob},
+    {"ogr-one-field", "fgb points", kRowsPerSecond, 0.8, OgrOneFieldJob},
+    {"ogr-one-field", "fgb polygons", kRowsPerSecond, 0.8, OgrOneFieldJob},
+    {"ogr-one-field", "shp points", kRowsPerSecond, 0.8, OgrOneFieldJob},
+    {"ogr-one-field", "shp polygons", kRowsPerSecond, 0.8, OgrOneFieldJob},
     {"fgf-box", "points in cache", kBytesPerSecond, 0.85, FgfBoxJob},
     {"fgf-box", "points out of cache", kBytesPerSecond, 0.85, FgfBoxJob},
     {"fgf-box", "polygons in cache", kBytesPerSecond, 0.85, FgfBoxJob},
@@ -17,6 +29,9 @@ constexpr Job kJobs[] = {
     {"wkb-to-fgf", "points out of cache", kBytesPerSecond, 0.85, WkbToFgfJob},
     {"wkb-to-fgf", "polygons in cache", kBytesPerSecond, 0.85, WkbToFgfJob},
     {"wkb-to-fgf", "polygons out of cache", kBytesPerSecond, 0.85, WkbToFgfJob},
+    {"rss-growth", "gpkg polygons", kMebibytes, 2, RssGrowthJob},
+    {"rss-growth", "fgb polygons", kMebibytes, 2, RssGrowthJob},
+    {"rss-growth", "shp polygons", kMebibytes, 2, RssGrowthJob},
     {"start", "one call", kStartsPerSecond, 5, StartJob},
 };
 

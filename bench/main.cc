@@ -10,6 +10,7 @@
 #include "bench/job_table.h"
 #include "bench/options.h"
 #include "bench/report.h"
+#include "bench/rss_growth_job.h"
 
 namespace fdo::bench {
 namespace {
@@ -74,6 +75,7 @@ int Run(Options const& options) {
 
 int Main(std::string const& program, std::vector<std::string> const& arguments) {
   try {
+    if (IsResidentMemoryRun(arguments)) return ResidentMemoryRun(arguments);
     Options options = ParseOptions(arguments);
     options.bench.program = std::filesystem::absolute(program);
     options.bench.programDirectory = options.bench.program.parent_path();
