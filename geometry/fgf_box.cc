@@ -5,6 +5,7 @@
 #include "geometry/fgf_walk.h"
 #include "geometry/invalid_stream.h"
 #include "port/double_pair.h"
+#include "port/inlining.h"
 
 namespace fdo {
 namespace {
@@ -20,73 +21,107 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 // Below this many positions, setting up and joining four chains costs more than it saves.
 constexpr std::int32_t kChainsPayFrom = 8;
 
+struct Bounds {
+  DoublePair min;
+  DoublePair max;
+};
+
+inline void Widen(Bounds& bounds, unsigned char const* position) {
+  DoublePair const pair = LoadPair(position);
+  bounds.min = Lower(pair, bounds.min);
+  bounds.max = Higher(pair, bounds.max);
+}
+
+QUILLON_ALWAYS_INLINE void Widen(Bounds& bounds, FgfPositions const& positions) {
+  unsigned char const* at = positions.bytes;
+  std::size_t const stride = PositionBytes(positions.ordinates);
+  std::int32_t left = positions.count;
+  Bounds first = bounds;
+  if (left >= kChainsPayFrom) {
+    // A minimum waits for the one before it: four independent chains keep the processor busy.
+    Bounds second = first, third = first, fourth = first;
+    for (; left >= 4; left -= 4, at += 4 * stride) {
+      Widen(first, at);
+      Widen(second, at + stride);
+      Widen(third, at + 2 * stride);
+      Widen(fourth, at + 3 * stride);
+    }
+    first.min = Lower(Lower(first.min, second.min), Lower(third.min, fourth.min));
+    first.max = Higher(Higher(first.max, second.max), Higher(third.max, fourth.max));
+  }
+  for (; left > 0; --left, at += stride) Widen(first, at);
+  bounds = first;
+}
+
 class BoxSink : public PassingSink {
  public:
-  bool BeginGeometry(FgfGeometry const& head) {
-    // A point, a line string and a lone ring are measured from their first position on, so that they
-    // may lie at infinity; any other geometry narrows the finite empty box.
-    bool const fromFirstPosition =
-        head.parentType == 0 && (head.type == kFgfPoint || head.type == kFgfLineString ||
-                                 (head.type == kFgfPolygon && head.count == 1));
-    if (fromFirstPosition) {
-      min_ = port::BothOf(kInfinity);
-      max_ = port::BothOf(-kInfinity);
-    }
+  bool Start(FgfPositions const& position) {
+    Widen(bounds_, position.bytes);
     return true;
   }
 
-  bool Start(FgfPositions const& position) { return Positions(position); }
   bool Segment(std::int32_t, FgfPositions const& positions) { return Positions(positions); }
 
   bool Positions(FgfPositions const& positions) {
-    unsigned char const* at = positions.bytes;
-    std::size_t const stride = PositionBytes(positions.ordinates);
-    std::int32_t left = positions.count;
-    if (left >= kChainsPayFrom) {
-      // A minimum waits for the one before it: four independent chains keep the processor busy.
-      DoublePair min[4] = {min_, min_, min_, min_};
-      DoublePair max[4] = {max_, max_, max_, max_};
-      for (; left >= 4; left -= 4, at += 4 * stride) {
-        for (std::size_t chain = 0; chain < 4; ++chain) {
-          DoublePair const position = LoadPair(at + chain * stride);
-          min[chain] = Lower(position, min[chain]);
-          max[chain] = Higher(position, max[chain]);
-        }
-      }
-      min_ = Lower(Lower(min[0], min[1]), Lower(min[2], min[3]));
-      max_ = Higher(Higher(max[0], max[1]), Higher(max[2], max[3]));
-    }
-    for (; left > 0; --left, at += stride) {
-      DoublePair const position = LoadPair(at);
-      min_ = Lower(position, min_);
-      max_ = Higher(position, max_);
+    if (positions.count == 1) {
+      Widen(bounds_, positions.bytes);
+    } else {
+      Widen(bounds_, positions);
     }
     return true;
   }
 
-  void Write(double box[4]) const {
-    port::StorePair(box, min_);
-    port::StorePair(box + 2, max_);
-    for (int axis = 0; axis < 2; ++axis) {
-      if (box[axis] <= box[axis + 2]) continue;
-      box[axis] = kLargest;  // nothing was measured: the empty box is finite
-      box[axis + 2] = -kLargest;
-    }
-  }
+  Bounds const& Measured() const { return bounds_; }
 
  private:
-  DoublePair min_ = port::BothOf(kLargest);
-  DoublePair max_ = port::BothOf(-kLargest);
+  Bounds bounds_{port::BothOf(kInfinity), port::BothOf(-kInfinity)};
 };
+
+struct HeadSink : PassingSink {
+  bool BeginGeometry(FgfGeometry const& outermost) {
+    head = outermost;
+    return false;
+  }
+  FgfGeometry head{};
+};
+
+// A point, a line string and a polygon of one ring are measured from their first position on and may
+// lie at infinity; the box of any other geometry starts out empty, which is finite.
+bool StartsAtFirstPosition(unsigned char const* begin, unsigned char const* end) {
+  StreamCursor in(begin, end);
+  FgfNesting nesting;
+  HeadSink sink;
+  WalkFgf(in, sink, nesting);
+  FgfGeometry const& head = sink.head;
+  return head.type == kFgfPoint || head.type == kFgfLineString ||
+         (head.type == kFgfPolygon && head.count == 1);
+}
 
 }  // namespace
 
 unsigned char const* FgfBox(unsigned char const* begin, unsigned char const* end, double box[4]) {
   StreamCursor in(begin, end);
+  FgfNesting nesting;
   BoxSink sink;
-  WalkFgf(in, sink);
+  WalkFgf(in, sink, nesting);
   if (in.Failed()) ThrowInvalidStream();
-  sink.Write(box);
+
+  Bounds const measured = sink.Measured();
+  Bounds const finite{Lower(measured.min, port::BothOf(kLargest)),
+                      Higher(measured.max, port::BothOf(-kLargest))};
+  port::StorePair(box, finite.min);
+  port::StorePair(box + 2, finite.max);
+  bool const isFinite = port::Same(finite.min, measured.min) && port::Same(finite.max, measured.max);
+  if (!isFinite && StartsAtFirstPosition(begin, end)) {
+    double unbounded[4];
+    port::StorePair(unbounded, measured.min);
+    port::StorePair(unbounded + 2, measured.max);
+    for (int axis = 0; axis < 2; ++axis) {
+      if (unbounded[axis] > unbounded[axis + 2]) continue;  // nothing was measured
+      box[axis] = unbounded[axis];
+      box[axis + 2] = unbounded[axis + 2];
+    }
+  }
   return in.At();
 }
 

@@ -23,6 +23,7 @@ inline constexpr std::int32_t kFgfMultiCurvePolygon = 13;
 
 // What follows the type word. All but parts begin with the dimensionality.
 enum class FgfBody : std::uint8_t {
+  kNone,        // of an unknown type: nothing that could be read
   kPosition,    // one position
   kPositions,   // count, positions
   kRings,       // count, then for each ring: count, positions
@@ -58,23 +59,40 @@ namespace internal {
 
 inline constexpr std::size_t kTypeCodes = 14;  // 0 to 13, with gaps
 
-consteval std::array<std::int8_t, kTypeCodes> RowOfEachType() {
-  std::array<std::int8_t, kTypeCodes> rows{};
-  rows.fill(-1);
-  for (std::size_t row = 0; row < std::size(kFgfLayouts); ++row) {
-    rows[std::size_t(kFgfLayouts[row].type)] = static_cast<std::int8_t>(row);
-  }
-  return rows;
+// One entry for each type code that there is and for the gaps between them.
+template <class Entry, class Choose>
+consteval std::array<Entry, kTypeCodes> ByTypeCode(Entry gap, Choose choose) {
+  std::array<Entry, kTypeCodes> entries{};
+  entries.fill(gap);
+  for (FgfLayout const& layout : kFgfLayouts) entries[std::size_t(layout.type)] = choose(layout);
+  return entries;
 }
-inline constexpr auto kRowOfType = RowOfEachType();
+
+inline constexpr auto kLayoutOfType =
+    ByTypeCode<FgfLayout const*>(nullptr, [](FgfLayout const& layout) { return &layout; });
+inline constexpr auto kBodyOfType =
+    ByTypeCode(FgfBody::kNone, [](FgfLayout const& layout) { return layout.body; });
+inline constexpr auto kPartOfType =
+    ByTypeCode<std::int32_t>(0, [](FgfLayout const& layout) { return layout.partType; });
 
 }  // namespace internal
 
 // Null for a type code that is none of FGF's.
 constexpr FgfLayout const* LayoutOf(std::int32_t type) {
   auto const code = static_cast<std::uint32_t>(type);
-  if (code >= internal::kTypeCodes || internal::kRowOfType[code] < 0) return nullptr;
-  return &kFgfLayouts[internal::kRowOfType[code]];
+  return code < internal::kTypeCodes ? internal::kLayoutOfType[code] : nullptr;
+}
+
+constexpr FgfBody BodyOf(std::int32_t type) {
+  auto const code = static_cast<std::uint32_t>(type);
+  return code < internal::kTypeCodes ? internal::kBodyOfType[code] : FgfBody::kNone;
+}
+
+// Whether a geometry of that type may be a part of the other; 0 is the parent of what stands alone.
+// Requires: parentType is 0 or a multi type.
+constexpr bool MayHold(std::int32_t parentType, std::int32_t type) {
+  std::int32_t const partType = internal::kPartOfType[static_cast<std::size_t>(parentType)];
+  return partType == 0 || partType == type;
 }
 
 inline constexpr int kDimensionalityZ = 1;

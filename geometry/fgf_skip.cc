@@ -4,18 +4,25 @@
 #include "geometry/invalid_stream.h"
 
 namespace fdo {
+namespace {
+
+class SkipSink : public PassingSink {};
+
+}  // namespace
 
 unsigned char const* SkipGeometry(unsigned char const* begin, unsigned char const* end) {
   StreamCursor in(begin, end);
-  PassingSink sink;
-  WalkFgf(in, sink);
+  FgfNesting nesting;
+  SkipSink sink;
+  WalkFgf(in, sink, nesting);
   if (in.Failed()) ThrowInvalidStream();
   return in.At();
 }
 
 unsigned char const* VisitFgf(unsigned char const* begin, unsigned char const* end, FgfVisitor& visitor) {
   StreamCursor in(begin, end);
-  bool const complete = WalkFgf(in, visitor);
+  FgfNesting nesting;
+  bool const complete = WalkFgf(in, visitor, nesting);
   if (in.Failed()) ThrowInvalidStream();
   return complete ? in.At() : nullptr;
 }

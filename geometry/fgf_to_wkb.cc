@@ -3,7 +3,8 @@
 #include "geometry/fgf_walk.h"
 #include "geometry/invalid_stream.h"
 #include "geometry/stream_writer.h"
-#include "geometry/wkb_layout.h"
+#include "geometry/wkb_header.h"
+#include "port/inlining.h"
 
 namespace fdo {
 namespace {
@@ -15,11 +16,9 @@ class WkbSink : public PassingSink {
 
   std::size_t Written() const { return out_.Written(); }
 
-  bool BeginGeometry(FgfGeometry const& head) {
-    if (!IsPlainType(head.type)) return false;
-    if (head.parentType != 0 && LayoutOf(head.parentType)->partType != head.type) return false;
-    out_.Byte(kWkbLittleEndian);
-    out_.Int32(head.type);
+  QUILLON_ALWAYS_INLINE bool BeginGeometry(FgfGeometry const& head) {
+    if (!IsPlainType(head.type) || !MayHold(head.parentType, head.type)) return false;
+    AppendWkbHeader(out_, static_cast<std::uint32_t>(head.type));
     if (head.dimensionality != kNoDimensionality) {
       if ((head.dimensionality & kDimensionalityM) != 0) return false;
       // The leading type word, also from a part: that is the documented header of a multi-geometry.
@@ -31,12 +30,12 @@ class WkbSink : public PassingSink {
     return true;
   }
 
-  bool BeginRing(std::int32_t, std::int32_t count) {
+  QUILLON_ALWAYS_INLINE bool BeginRing(std::int32_t, std::int32_t count) {
     out_.Int32(count);
     return true;
   }
 
-  bool Positions(FgfPositions const& positions) {
+  QUILLON_ALWAYS_INLINE bool Positions(FgfPositions const& positions) {
     out_.Positions(positions.bytes, positions.count, positions.ordinates);
     return true;
   }
@@ -51,8 +50,9 @@ class WkbSink : public PassingSink {
 
 std::size_t FgfToWkb(unsigned char const* fgf, std::size_t length, unsigned char* out) {
   StreamCursor in(fgf, fgf + length);
+  FgfNesting nesting;
   WkbSink sink(out);
-  bool const complete = WalkFgf(in, sink);
+  bool const complete = WalkFgf(in, sink, nesting);
   if (in.Failed()) ThrowInvalidStream();
   return complete ? sink.Written() : 0;
 }

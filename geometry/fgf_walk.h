@@ -5,120 +5,169 @@
 
 #include "geometry/fgf_layout.h"
 #include "geometry/stream_cursor.h"
+#include "port/inlining.h"
 
 namespace fdo {
 
 // Sink has the functions of FgfVisitor, virtual or not.
+//
+// There is no recursion, each function here is called from one place, and the memory for the nesting is
+// the caller's: with a sink of internal linkage the whole walk is inlined into its caller, and cursor
+// and sink live in registers.
+
+// The multi types that are open around the geometry at hand.
+struct FgfNesting {
+  struct Level {
+    std::int32_t type;
+    std::int32_t index;
+    std::int32_t count;
+  };
+  Level levels[kFgfMaxLevels - 1];
+};
+
 template <class Sink>
 class FgfWalk {
  public:
-  FgfWalk(StreamCursor& in, Sink& sink) : in_(in), sink_(sink) {}
+  FgfWalk(StreamCursor in, Sink& sink, FgfNesting& nesting) : in_(in), sink_(sink), around_(nesting.levels) {}
+
+  StreamCursor const& Cursor() const { return in_; }
 
   // Returns false when the cursor failed or the sink stopped.
-  bool Geometry(std::int32_t parentType, std::int32_t index, int level) {
-    if (level > kFgfMaxLevels) in_.Fail();
-    std::int32_t const type = in_.Int32();
+  QUILLON_ALWAYS_INLINE bool Run() {
+    FgfGeometry head{in_.Int32(), 0, 0, kNoDimensionality, 0};
     if (in_.Failed()) return false;
-    FgfLayout const* const layout = LayoutOf(type);
-    if (layout == nullptr) return sink_.UnknownType(type);
-    FgfGeometry head{type, parentType, index, kNoDimensionality, 0};
-    if (layout->body == FgfBody::kParts) return Parts(head, level);
+    FgfBody const body = BodyOf(head.type);
+    if (body == FgfBody::kParts) return Multi(head);
+    return body == FgfBody::kNone ? sink_.UnknownType(head.type) : Single(head, body);
+  }
+
+ private:
+  QUILLON_ALWAYS_INLINE bool Multi(FgfGeometry& head) {
+    int depth = 0;
+    if (!Open(head, depth)) return false;
+    while (depth > 0) {
+      FgfNesting::Level const& parent = around_[depth - 1];
+      if (++head.index == parent.count) {
+        --depth;
+        head = {parent.type, depth == 0 ? 0 : around_[depth - 1].type, parent.index, kNoDimensionality,
+                parent.count};
+        if (!sink_.EndGeometry(head)) return false;
+        continue;
+      }
+      head.type = in_.Int32();
+      if (in_.Failed()) return false;
+      FgfBody const body = BodyOf(head.type);
+      bool const read = body == FgfBody::kParts  ? Open(head, depth)
+                        : body == FgfBody::kNone ? sink_.UnknownType(head.type)
+                                                 : Single(head, body);
+      if (!read) return false;
+    }
+    return true;
+  }
+
+  // Begins a multi type and, where it has parts, makes it what is around the next geometry.
+  QUILLON_ALWAYS_INLINE bool Open(FgfGeometry& head, int& depth) {
+    head.dimensionality = kNoDimensionality;
+    head.count = in_.Count(kSmallestPart);
+    if (in_.Failed() || !sink_.BeginGeometry(head)) return false;
+    if (head.count == 0) return sink_.EndGeometry(head);
+    if (depth == kFgfMaxLevels - 1) {
+      in_.Fail();
+      return false;
+    }
+    around_[depth++] = {head.type, head.index, head.count};
+    head.parentType = head.type;
+    head.index = -1;
+    return true;
+  }
+
+  QUILLON_ALWAYS_INLINE bool Single(FgfGeometry& head, FgfBody body) {
     head.dimensionality = in_.Dimensionality();
     int const ordinates = OrdinateCount(head.dimensionality);
-    switch (layout->body) {
+    switch (body) {
       case FgfBody::kPosition:
         head.count = 1;
-        return Simple(head, ordinates);
+        return Position(head, ordinates);
       case FgfBody::kPositions:
-        head.count = in_.Count(PositionBytes(ordinates));
-        return Simple(head, ordinates);
       case FgfBody::kRings:
-        return Polygon(head, ordinates);
+        return Lines(head, ordinates);
       case FgfBody::kSegments:
-        return CurveString(head, ordinates);
       case FgfBody::kCurveRings:
-        return CurvePolygon(head, ordinates);
+        return Curves(head, ordinates);
       case FgfBody::kParts:
+      case FgfBody::kNone:
         break;
     }
     return false;
   }
 
- private:
-  bool Simple(FgfGeometry const& head, int ordinates) {
-    FgfPositions const positions = in_.Positions(head.count, ordinates);
-    return !in_.Failed() && sink_.BeginGeometry(head) && sink_.Positions(positions) &&
-           sink_.EndGeometry(head);
+  QUILLON_ALWAYS_INLINE bool Position(FgfGeometry const& head, int ordinates) {
+    FgfPositions const position = in_.Positions(1, ordinates);
+    return !in_.Failed() && sink_.BeginGeometry(head) && sink_.Positions(position) && sink_.EndGeometry(head);
   }
 
-  bool Polygon(FgfGeometry& head, int ordinates) {
-    head.count = in_.RingCount(kSmallestRing);
-    if (in_.Failed() || !sink_.BeginGeometry(head)) return false;
-    for (std::int32_t ring = 0; ring < head.count; ++ring) {
-      std::int32_t const count = in_.Count(PositionBytes(ordinates));
-      FgfPositions const positions = in_.Positions(count, ordinates);
-      if (in_.Failed() || !sink_.BeginRing(ring, count) || !sink_.Positions(positions) || !sink_.EndRing()) {
-        return false;
-      }
+  // A line string is laid out as the one ring of a polygon, without the ring count.
+  QUILLON_ALWAYS_INLINE bool Lines(FgfGeometry& head, int ordinates) {
+    bool const isPolygon = head.type == kFgfPolygon;
+    std::int32_t rings = 1;
+    if (isPolygon) {
+      rings = head.count = in_.RingCount(kSmallestRing);
+      if (in_.Failed() || !sink_.BeginGeometry(head)) return false;
+    }
+    for (std::int32_t ring = 0; ring < rings; ++ring) {
+      FgfPositions const positions = in_.CountedPositions(ordinates);
+      if (in_.Failed()) return false;
+      if (!isPolygon) head.count = positions.count;
+      bool const begun = isPolygon ? sink_.BeginRing(ring, positions.count) : sink_.BeginGeometry(head);
+      if (!begun || !sink_.Positions(positions)) return false;
+      if (isPolygon && !sink_.EndRing()) return false;
     }
     return sink_.EndGeometry(head);
   }
 
-  bool CurveString(FgfGeometry& head, int ordinates) {
-    FgfPositions const start = in_.Positions(1, ordinates);
-    head.count = in_.Count(kSmallestSegment);
-    return !in_.Failed() && sink_.BeginGeometry(head) && sink_.Start(start) &&
-           Segments(head.count, ordinates) && sink_.EndGeometry(head);
-  }
-
-  bool CurvePolygon(FgfGeometry& head, int ordinates) {
-    head.count = in_.RingCount(kSmallestRing + PositionBytes(ordinates));
-    if (in_.Failed() || !sink_.BeginGeometry(head)) return false;
-    for (std::int32_t ring = 0; ring < head.count; ++ring) {
+  // A curve string is laid out as the one ring of a curve polygon, without the ring count.
+  QUILLON_ALWAYS_INLINE bool Curves(FgfGeometry& head, int ordinates) {
+    bool const isPolygon = head.type == kFgfCurvePolygon;
+    std::int32_t rings = 1;
+    if (isPolygon) {
+      rings = head.count = in_.RingCount(kSmallestRing + PositionBytes(ordinates));
+      if (in_.Failed() || !sink_.BeginGeometry(head)) return false;
+    }
+    for (std::int32_t ring = 0; ring < rings; ++ring) {
       FgfPositions const start = in_.Positions(1, ordinates);
-      std::int32_t const count = in_.Count(kSmallestSegment);
-      if (in_.Failed() || !sink_.BeginRing(ring, count) || !sink_.Start(start) ||
-          !Segments(count, ordinates) || !sink_.EndRing()) {
-        return false;
+      std::int32_t const segments = in_.Count(kSmallestSegment);
+      if (in_.Failed()) return false;
+      if (!isPolygon) head.count = segments;
+      bool const begun = isPolygon ? sink_.BeginRing(ring, segments) : sink_.BeginGeometry(head);
+      if (!begun || !sink_.Start(start)) return false;
+      for (std::int32_t segment = 0; segment < segments; ++segment) {
+        if (!Segment(ordinates)) return false;
       }
+      if (isPolygon && !sink_.EndRing()) return false;
     }
     return sink_.EndGeometry(head);
   }
 
-  bool Segments(std::int32_t segments, int ordinates) {
-    for (std::int32_t segment = 0; segment < segments; ++segment) {
-      std::int32_t const type = in_.Int32();
-      std::int32_t count = 0;
-      if (type == kFgfArc) {
-        count = 2;
-      } else if (type == kFgfLine) {
-        count = in_.Count(PositionBytes(ordinates));
-      } else {
-        in_.Fail();
-      }
-      FgfPositions const positions = in_.Positions(count, ordinates);
-      if (in_.Failed() || !sink_.Segment(type, positions)) return false;
-    }
-    return true;
+  QUILLON_ALWAYS_INLINE bool Segment(int ordinates) {
+    std::int32_t const type = in_.Int32();
+    if (type != kFgfArc && type != kFgfLine) in_.Fail();
+    FgfPositions const positions =
+        type == kFgfArc ? in_.Positions(2, ordinates) : in_.CountedPositions(ordinates);
+    return !in_.Failed() && sink_.Segment(type, positions);
   }
 
-  bool Parts(FgfGeometry& head, int level) {
-    head.count = in_.Count(kSmallestPart);
-    if (in_.Failed() || !sink_.BeginGeometry(head)) return false;
-    for (std::int32_t part = 0; part < head.count; ++part) {
-      if (!Geometry(head.type, part, level + 1)) return false;
-    }
-    return sink_.EndGeometry(head);
-  }
-
-  StreamCursor& in_;
+  StreamCursor in_;
   Sink& sink_;
+  FgfNesting::Level* around_;
 };
 
 // Returns false when the cursor failed or the sink stopped.
 template <class Sink>
-bool WalkFgf(StreamCursor& in, Sink& sink) {
-  return FgfWalk<Sink>(in, sink).Geometry(0, 0, 1);
+QUILLON_ALWAYS_INLINE bool WalkFgf(StreamCursor& in, Sink& sink, FgfNesting& nesting) {
+  FgfWalk<Sink> walk(in, sink, nesting);
+  bool const complete = walk.Run();
+  in = walk.Cursor();
+  return complete;
 }
 
 // A sink that lets everything pass; others replace what concerns them.
@@ -127,7 +176,7 @@ struct PassingSink {
   bool BeginRing(std::int32_t, std::int32_t) { return true; }
   bool Positions(FgfPositions const&) { return true; }
   bool Start(FgfPositions const&) { return true; }
-  bool Segment(std::int32_t, FgfPositions const&) { return true; }
+  QUILLON_ALWAYS_INLINE bool Segment(std::int32_t, FgfPositions const&) { return true; }
   bool EndRing() { return true; }
   bool EndGeometry(FgfGeometry const&) { return true; }
   bool UnknownType(std::int32_t) { return true; }

@@ -12,6 +12,7 @@
 
 #include "geometry/fgf_layout.h"
 #include "geometry/unaligned.h"
+#include "port/inlining.h"
 
 namespace fdo {
 
@@ -21,13 +22,13 @@ class StreamCursor {
 
   unsigned char const* At() const { return at_; }
   bool Failed() const { return failed_; }
-  void Fail() {
+  QUILLON_ALWAYS_INLINE void Fail() {
     failed_ = true;
     at_ = end_;
   }
 
   // The next size bytes, or null.
-  unsigned char const* Take(std::uint64_t size) {
+  QUILLON_ALWAYS_INLINE unsigned char const* Take(std::uint64_t size) {
     if (size > Left()) [[unlikely]] {
       Fail();
       return nullptr;
@@ -37,17 +38,22 @@ class StreamCursor {
     return taken;
   }
 
-  unsigned char Byte() {
+  QUILLON_ALWAYS_INLINE unsigned char Byte() {
     unsigned char const* const taken = Take(1);
     return taken == nullptr ? static_cast<unsigned char>(0) : *taken;
   }
 
-  std::int32_t Int32() {
-    unsigned char const* const taken = Take(sizeof(std::int32_t));
-    return taken == nullptr ? 0 : Load<std::int32_t>(taken);
+  QUILLON_ALWAYS_INLINE std::int32_t Int32() {
+    if (Left() < sizeof(std::int32_t)) [[unlikely]] {
+      Fail();
+      return 0;
+    }
+    std::int32_t const value = Load<std::int32_t>(at_);
+    at_ += sizeof(value);
+    return value;
   }
 
-  int Dimensionality() {
+  QUILLON_ALWAYS_INLINE int Dimensionality() {
     std::int32_t const dimensionality = Int32();
     if (dimensionality < 0 || dimensionality > (kDimensionalityZ | kDimensionalityM)) [[unlikely]] {
       Fail();
@@ -58,7 +64,7 @@ class StreamCursor {
 
   // Holds a count just read against what is left: each of the things counted takes at least that many
   // bytes. Returns the count, or 0 when the cursor failed.
-  std::int32_t Checked(std::int32_t count, std::size_t smallest) {
+  QUILLON_ALWAYS_INLINE std::int32_t Checked(std::int32_t count, std::size_t smallest) {
     // 32 bits times a few bytes cannot overflow 64 bits; dividing what is left costs more than a
     // whole small ring.
     if (count < 0 || std::uint64_t(count) * smallest > Left()) [[unlikely]] {
@@ -68,17 +74,27 @@ class StreamCursor {
     return count;
   }
 
-  std::int32_t Count(std::size_t smallest) { return Checked(Int32(), smallest); }
+  QUILLON_ALWAYS_INLINE std::int32_t Count(std::size_t smallest) { return Checked(Int32(), smallest); }
 
   // A ring count below 1 means no rings and is given as it stands.
-  std::int32_t RingCount(std::size_t smallest) {
+  QUILLON_ALWAYS_INLINE std::int32_t RingCount(std::size_t smallest) {
     std::int32_t const count = Int32();
     return count < 0 ? count : Checked(count, smallest);
   }
 
-  // The next positions, whose number came from Count or is a small constant.
-  FgfPositions Positions(std::int32_t count, int ordinates) {
+  // Requires: count >= 0.
+  QUILLON_ALWAYS_INLINE FgfPositions Positions(std::int32_t count, int ordinates) {
     return {Take(std::uint64_t(count) * PositionBytes(ordinates)), count, ordinates};
+  }
+
+  // A count and as many positions.
+  QUILLON_ALWAYS_INLINE FgfPositions CountedPositions(int ordinates) {
+    std::int32_t const count = Int32();
+    if (count < 0) [[unlikely]] {
+      Fail();
+      return {nullptr, 0, ordinates};
+    }
+    return Positions(count, ordinates);
   }
 
  private:

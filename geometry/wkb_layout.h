@@ -3,6 +3,7 @@
 #ifndef GEOMETRY_WKB_LAYOUT_H_
 #define GEOMETRY_WKB_LAYOUT_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -27,15 +28,26 @@ inline constexpr std::uint32_t kWkbCompoundCurve = 9;
 inline constexpr std::size_t kWkbHeaderBytes = 5;         // byte order, type code
 inline constexpr std::size_t kWkbCountedHeaderBytes = 9;  // and a count
 
-// The FGF type that a plain ISO code is read as, 0 when there is none.
-constexpr std::int32_t FgfTypeOfIsoWkb(std::uint32_t code) {
-  if (code == kWkbCircularString) return kFgfCurveString;
-  for (FgfLayout const& layout : kFgfLayouts) {
-    if (layout.isoWkb == code) return layout.type;
-  }
-  return 0;
+namespace internal {
+
+inline constexpr std::size_t kWkbCodes = 13;  // 0 to 12
+
+consteval std::array<std::int32_t, kWkbCodes> FgfTypeOfEachWkb() {
+  std::array<std::int32_t, kWkbCodes> types{};
+  for (FgfLayout const& layout : kFgfLayouts) types[layout.isoWkb] = layout.type;
+  types[kWkbCircularString] = kFgfCurveString;  // beside the compound curve
+  return types;
 }
-static_assert(FgfTypeOfIsoWkb(kWkbCompoundCurve) == kFgfCurveString && FgfTypeOfIsoWkb(13) == 0);
+inline constexpr auto kFgfTypeOfWkb = FgfTypeOfEachWkb();
+
+}  // namespace internal
+
+// The FGF type that a plain ISO code is read as, 0 when there is none.
+constexpr std::int32_t FgfTypeOfWkb(std::uint32_t code) {
+  return code < internal::kWkbCodes ? internal::kFgfTypeOfWkb[code] : 0;
+}
+static_assert(FgfTypeOfWkb(kWkbCompoundCurve) == kFgfCurveString && FgfTypeOfWkb(0) == 0 &&
+              FgfTypeOfWkb(13) == 0);
 
 // Types that both WKB forms share, and all that the older one has.
 constexpr bool IsPlainType(std::int32_t type) { return type >= kFgfPoint && type <= kFgfMultiPolygon; }

@@ -17,74 +17,15 @@ bool SamePosition(unsigned char const* left, unsigned char const* right, int ord
   return true;
 }
 
-// Reads one WKB geometry of either form and writes it as FGF.
-// Errors: each function returns false when the cursor failed and when FGF has no place for what was
-//   read; the cursor tells which.
-class WkbToFgfConversion {
+// Writes curves as FGF: one start position, then segments that each start where the last one ended.
+// Errors: each function returns false when the cursor failed and when FGF cannot hold the curve.
+template <WkbForm form>
+class CurveReader {
  public:
-  WkbToFgfConversion(WkbCursor& in, StreamWriter& out) : in_(in), out_(out) {}
+  CurveReader(WkbCursor<form>& in, StreamWriter& out) : in_(in), out_(out) {}
 
-  bool Geometry(FgfLayout const* parent, int level) {
-    if (level > kFgfMaxLevels) in_.Fail();
-    WkbHeader header = in_.Header();
-    if (in_.Failed() || header.type == 0) return false;
-    if (parent != nullptr && parent->partType != 0 && parent->partType != header.type) {
-      // A plain line or polygon is a curve, too, where curves are expected.
-      bool const plain = (parent->partType == kFgfCurveString && header.code == kWkbLineString) ||
-                         (parent->partType == kFgfCurvePolygon && header.code == kWkbPolygon);
-      if (!plain) return false;
-      header.type = parent->partType;
-    }
-    FgfLayout const& layout = *LayoutOf(header.type);
-    out_.Int32(header.type);
-    if (layout.body != FgfBody::kParts) out_.Int32(header.dimensionality);
-    int const ordinates = OrdinateCount(header.dimensionality);
-    switch (layout.body) {
-      case FgfBody::kPosition:
-        return in_.Positions(1, ordinates, out_);
-      case FgfBody::kPositions:
-        return CountedPositions(ordinates);
-      case FgfBody::kRings:
-        return Polygon(ordinates);
-      case FgfBody::kSegments:
-        return Curve(header);
-      case FgfBody::kCurveRings:
-        return CurvePolygon(header);
-      case FgfBody::kParts:
-        return Parts(layout, level);
-    }
-    return false;
-  }
-
- private:
-  bool CountedPositions(int ordinates) {
-    std::int32_t const count = in_.Count(PositionBytes(ordinates));
-    if (in_.Failed()) return false;
-    out_.Int32(count);
-    return in_.Positions(count, ordinates, out_);
-  }
-
-  bool Polygon(int ordinates) {
-    std::int32_t const rings = in_.RingCount(kSmallestRing);
-    if (in_.Failed()) return false;
-    out_.Int32(rings);
-    for (std::int32_t ring = 0; ring < rings; ++ring) {
-      if (!CountedPositions(ordinates)) return false;
-    }
-    return true;
-  }
-
-  bool Parts(FgfLayout const& layout, int level) {
-    std::int32_t const parts = in_.Count(kWkbHeaderBytes);
-    if (in_.Failed()) return false;
-    out_.Int32(parts);
-    for (std::int32_t part = 0; part < parts; ++part) {
-      if (!Geometry(&layout, level + 1)) return false;
-    }
-    return true;
-  }
-
-  bool CurvePolygon(WkbHeader const& polygon) {
+  // Reads a curve polygon from its ring count on; a plain polygon is one of plain rings.
+  bool Polygon(WkbHeader const& polygon) {
     bool const plain = polygon.code == kWkbPolygon;
     std::int32_t const rings = in_.Count(plain ? kSmallestRing : kWkbCountedHeaderBytes);
     if (in_.Failed()) return false;
@@ -92,84 +33,197 @@ class WkbToFgfConversion {
     for (std::int32_t ring = 0; ring < rings; ++ring) {
       WkbHeader const header =
           plain ? WkbHeader{kWkbLineString, kFgfLineString, polygon.dimensionality} : in_.Header();
-      if (in_.Failed() || header.dimensionality != polygon.dimensionality || !Curve(header)) return false;
+      if (header.dimensionality != polygon.dimensionality || !Curve(header)) return false;
     }
     return true;
   }
 
-  // Writes start position, count and segments of the line string, arc string or compound curve whose
-  // header has been read.
+  // Reads a line string, an arc string or a compound curve from its count on.
   bool Curve(WkbHeader const& header) {
     last_ = nullptr;
-    segmentCount_ = nullptr;
-    if (header.code != kWkbCompoundCurve) return CurveMember(header);
+    if (header.code != kWkbCompoundCurve) return Member(header);
     std::int32_t const members = in_.Count(kWkbCountedHeaderBytes);
-    if (in_.Failed() || members == 0) return false;
+    if (members == 0) return false;
     for (std::int32_t i = 0; i < members; ++i) {
       WkbHeader const member = in_.Header();
-      if (in_.Failed() || member.dimensionality != header.dimensionality || !CurveMember(member)) {
-        return false;
-      }
+      if (member.dimensionality != header.dimensionality || !Member(member)) return false;
     }
     return true;
   }
 
-  bool CurveMember(WkbHeader const& header) {
+ private:
+  bool Member(WkbHeader const& header) {
     bool const isLine = header.code == kWkbLineString;
-    if (!isLine && header.code != kWkbCircularString) return false;
+    if (in_.Failed() || (!isLine && header.code != kWkbCircularString)) return false;
     int const ordinates = OrdinateCount(header.dimensionality);
     std::int32_t const points = in_.Count(PositionBytes(ordinates));
     bool const complete = isLine ? points >= 2 : points >= 3 && points % 2 == 1;
-    if (in_.Failed() || !complete || !StartMember(ordinates)) return false;
+    if (!complete || !Start(in_.Positions(1, ordinates))) return false;
 
     std::int32_t const segments = isLine ? 1 : (points - 1) / 2;
+    std::int32_t const positions = isLine ? points - 1 : 2;
     Store(segmentCount_, Load<std::int32_t>(segmentCount_) + segments);
     for (std::int32_t segment = 0; segment < segments; ++segment) {
       out_.Int32(isLine ? kFgfLine : kFgfArc);
-      if (isLine) out_.Int32(points - 1);
-      if (!in_.Positions(isLine ? points - 1 : 2, ordinates, out_)) return false;
+      if (isLine) out_.Int32(positions);
+      in_.Copy(in_.Positions(positions, ordinates), out_);
     }
     last_ = out_.At() - PositionBytes(ordinates);
     return true;
   }
 
   // The first position of a member starts the curve, or repeats where the member before it ended.
-  bool StartMember(int ordinates) {
+  bool Start(FgfPositions const& position) {
     unsigned char* const start = out_.At();
-    if (!in_.Positions(1, ordinates, out_)) return false;
+    in_.Copy(position, out_);
     if (last_ == nullptr) {
       segmentCount_ = out_.At();
       out_.Int32(0);
       return true;
     }
-    bool const joined = SamePosition(last_, start, ordinates);
-    out_.Remove(start, PositionBytes(ordinates));
+    bool const joined = SamePosition(last_, start, position.ordinates);
+    out_.Remove(start, PositionBytes(position.ordinates));
     return joined;
   }
 
-  WkbCursor& in_;
+  WkbCursor<form>& in_;
   StreamWriter& out_;
   unsigned char const* last_ = nullptr;    // end of the curve so far, in the output; null at its start
   unsigned char* segmentCount_ = nullptr;  // of the curve, in the output
 };
 
-std::size_t Convert(WkbCursor& in, unsigned char* to) {
-  StreamWriter out(to);
-  return WkbToFgfConversion(in, out).Geometry(nullptr, 1) ? out.Written() : 0;
-}
+// Reads one WKB geometry and writes it as FGF. As in FgfWalk there is no recursion, and all but the
+// curves is inlined, so that cursor and writer stay in registers.
+// Errors: each function returns false when the cursor failed and when FGF has no place for what was
+//   read; the cursor tells which.
+template <WkbForm form>
+class WkbToFgfConversion {
+ public:
+  WkbToFgfConversion(unsigned char const* wkb, std::size_t length, unsigned char* out)
+      : in_(wkb, wkb + length), out_(out) {}
+
+  bool Failed() const { return in_.Failed(); }
+
+  // Returns the bytes written, 0 on failure.
+  QUILLON_ALWAYS_INLINE std::size_t Run() {
+    WkbHeader const header = in_.Header();
+    FgfBody const body = BodyOf(header.type);
+    bool const complete = body == FgfBody::kParts ? Multi(header) : Single(header, body);
+    return complete ? out_.Written() : 0;
+  }
+
+ private:
+  // A multi type that is open, and how many of its parts are still to come.
+  struct Level {
+    std::int32_t type;
+    std::int32_t left;
+  };
+
+  QUILLON_ALWAYS_INLINE bool Multi(WkbHeader const& outermost) {
+    Level around[kFgfMaxLevels];  // one more than has parts, so that what is too deep is seen below
+    int depth = 0;
+    if (!Open(outermost, around[0])) return false;
+    for (;;) {
+      while (around[depth].left == 0) {
+        if (depth == 0) return true;
+        --depth;
+      }
+      if (depth == kFgfMaxLevels - 1) {
+        in_.Fail();
+        return false;
+      }
+      --around[depth].left;
+      WkbHeader header = in_.Header();
+      if (!Fits(around[depth].type, header)) return false;
+      FgfBody const body = BodyOf(header.type);
+      if (body == FgfBody::kParts) {
+        if (!Open(header, around[++depth])) return false;
+      } else if (!Single(header, body)) {
+        return false;
+      }
+    }
+  }
+
+  QUILLON_ALWAYS_INLINE bool Open(WkbHeader const& header, Level& level) {
+    level = {header.type, in_.Count(kWkbHeaderBytes)};
+    if (in_.Failed()) return false;
+    out_.Int32(level.type);
+    out_.Int32(level.left);
+    return true;
+  }
+
+  // A plain line or polygon is a curve, too, where curves are expected.
+  QUILLON_ALWAYS_INLINE static bool Fits(std::int32_t parentType, WkbHeader& header) {
+    if (MayHold(parentType, header.type)) return true;
+    if (parentType == kFgfMultiCurveString && header.code == kWkbLineString) {
+      header.type = kFgfCurveString;
+      return true;
+    }
+    if (parentType == kFgfMultiCurvePolygon && header.code == kWkbPolygon) {
+      header.type = kFgfCurvePolygon;
+      return true;
+    }
+    return false;
+  }
+
+  QUILLON_ALWAYS_INLINE bool Single(WkbHeader const& header, FgfBody body) {
+    if (body == FgfBody::kNone) return false;
+    out_.Int32(header.type);
+    out_.Int32(header.dimensionality);
+    int const ordinates = OrdinateCount(header.dimensionality);
+    if (body == FgfBody::kPosition) return Copy(in_.Positions(1, ordinates));
+    if (body == FgfBody::kPositions || body == FgfBody::kRings) return Lines(header, ordinates);
+    return Curves(header);
+  }
+
+  // A line string is laid out as the one ring of a polygon, without the ring count.
+  QUILLON_ALWAYS_INLINE bool Lines(WkbHeader const& header, int ordinates) {
+    std::int32_t rings = 1;
+    if (header.type == kFgfPolygon) {
+      rings = in_.RingCount(kSmallestRing);
+      if (in_.Failed()) return false;
+      out_.Int32(rings);
+    }
+    for (std::int32_t ring = 0; ring < rings; ++ring) {
+      FgfPositions const positions = in_.CountedPositions(ordinates);
+      if (in_.Failed()) return false;
+      out_.Int32(positions.count);
+      in_.Copy(positions, out_);
+    }
+    return true;
+  }
+
+  QUILLON_ALWAYS_INLINE bool Copy(FgfPositions const& positions) {
+    if (in_.Failed()) return false;
+    in_.Copy(positions, out_);
+    return true;
+  }
+
+  bool Curves(WkbHeader const& header) {
+    WkbCursor<form> in = in_;  // the reader is lent copies: the members can then stay in registers
+    StreamWriter out = out_;
+    CurveReader<form> reader(in, out);
+    bool const read = header.type == kFgfCurvePolygon ? reader.Polygon(header) : reader.Curve(header);
+    in_ = in;
+    out_ = out;
+    return read;
+  }
+
+  WkbCursor<form> in_;
+  StreamWriter out_;
+};
 
 }  // namespace
 
 std::size_t WkbToFgf(unsigned char const* wkb, std::size_t length, unsigned char* out) {
-  WkbCursor in(wkb, wkb + length, WkbForm::kOlder);
-  std::size_t const written = Convert(in, out);
-  if (in.Failed()) ThrowInvalidStream();
+  WkbToFgfConversion<WkbForm::kOlder> conversion(wkb, length, out);
+  std::size_t const written = conversion.Run();
+  if (conversion.Failed()) ThrowInvalidStream();
   return written;
 }
 
 std::size_t IsoWkbToFgf(unsigned char const* wkb, std::size_t length, unsigned char* out) noexcept {
-  WkbCursor in(wkb, wkb + length, WkbForm::kIso);
-  return Convert(in, out);
+  return WkbToFgfConversion<WkbForm::kIso>(wkb, length, out).Run();
 }
 
 }  // namespace fdo

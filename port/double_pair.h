@@ -28,6 +28,10 @@ inline void StorePair(double to[2], DoublePair pair) { _mm_storeu_pd(to, pair); 
 inline DoublePair Lower(DoublePair value, DoublePair bound) { return _mm_min_pd(value, bound); }
 inline DoublePair Higher(DoublePair value, DoublePair bound) { return _mm_max_pd(value, bound); }
 
+inline bool Same(DoublePair left, DoublePair right) {
+  return _mm_movemask_pd(_mm_cmpeq_pd(left, right)) == 3;
+}
+
 #else
 
 struct DoublePair {
@@ -51,6 +55,10 @@ inline DoublePair Lower(DoublePair value, DoublePair bound) {
 inline DoublePair Higher(DoublePair value, DoublePair bound) {
   return {value.first > bound.first ? value.first : bound.first,
           value.second > bound.second ? value.second : bound.second};
+}
+
+inline bool Same(DoublePair left, DoublePair right) {
+  return left.first == right.first && left.second == right.second;
 }
 
 #endif
