@@ -34,26 +34,26 @@ T* SafeAddRef(T* object) {
 
 // Threads: counts are plain integers, so an object belongs to one thread at a time, unless locking is
 // enabled for the process or for the object. Deliberate: copying an object copies its count.
-class FdoIDisposable {
+class FDO_API_COMMON FdoIDisposable {
  public:
   // Requires: called before objects are shared between threads.
-  FDO_API_COMMON static void EnableGlobalThreadLocking(bool enable);
-  FDO_API_COMMON static bool GetGlobalThreadLockingFlag();
+  static void EnableGlobalThreadLocking(bool enable);
+  static bool GetGlobalThreadLockingFlag();
 
  protected:
-  FDO_API_COMMON FdoIDisposable();
-  FDO_API_COMMON virtual ~FdoIDisposable();
+  FdoIDisposable();
+  virtual ~FdoIDisposable();
 
   // Ends the object's life when the last reference is gone; normally `delete this`.
   virtual void Dispose() = 0;
 
  public:
   // Both give the new count, which is for debugging only.
-  FDO_API_COMMON virtual FdoInt32 AddRef();
-  FDO_API_COMMON virtual FdoInt32 Release();
+  virtual FdoInt32 AddRef();
+  virtual FdoInt32 Release();
 
-  FDO_API_COMMON virtual FdoInt32 GetRefCount();
-  FDO_API_COMMON virtual void EnableObjectThreadLocking(bool enable);
+  virtual FdoInt32 GetRefCount();
+  virtual void EnableObjectThreadLocking(bool enable);
 
  protected:
   bool m_objectThreadLockingEnabled;

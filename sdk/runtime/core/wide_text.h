@@ -27,6 +27,13 @@ inline void ReplaceText(wchar_t*& slot, wchar_t const* text) {
   slot = copy;
 }
 
+// Makes the text that of a node; gives it, borrowed until the next call.
+inline wchar_t const* KeepText(wchar_t*& slot, std::wstring_view text) {
+  wchar_t* copy = CopyText(text);
+  delete[] slot;
+  return slot = copy;
+}
+
 }  // namespace fdo_sdk
 
 #endif  // SDK_RUNTIME_CORE_WIDE_TEXT_H_
