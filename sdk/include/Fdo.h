@@ -171,6 +171,7 @@
 #include "Fdo/Schema/UniqueConstraint.h"
 #include "Fdo/Schema/UniqueConstraintCollection.h"
 #include "FdoCommon.h"
+#include "FdoGeometry.h"
 #include "FdoStd.h"
 
 #endif  // FDO_H_

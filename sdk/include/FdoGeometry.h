@@ -1,0 +1,35 @@
+// The geometries of the FDO interface, and the factory that makes them.
+#ifndef FDO_GEOMETRY_H_
+#define FDO_GEOMETRY_H_
+
+#include "FdoCommon.h"
+#include "Geometry/DirectPositionImpl.h"
+#include "Geometry/EnvelopeImpl.h"
+#include "Geometry/Fgf/Factory.h"
+#include "Geometry/GeometryFactoryAbstract.h"
+#include "Geometry/IArcSegmentAbstract.h"
+#include "Geometry/ICircularArcSegment.h"
+#include "Geometry/ICurveAbstract.h"
+#include "Geometry/ICurvePolygon.h"
+#include "Geometry/ICurveSegmentAbstract.h"
+#include "Geometry/ICurveString.h"
+#include "Geometry/IDirectPosition.h"
+#include "Geometry/IEnvelope.h"
+#include "Geometry/IGeometricAggregateAbstract.h"
+#include "Geometry/IGeometry.h"
+#include "Geometry/ILineString.h"
+#include "Geometry/ILineStringSegment.h"
+#include "Geometry/ILinearRing.h"
+#include "Geometry/IMultiCurvePolygon.h"
+#include "Geometry/IMultiCurveString.h"
+#include "Geometry/IMultiGeometry.h"
+#include "Geometry/IMultiLineString.h"
+#include "Geometry/IMultiPoint.h"
+#include "Geometry/IMultiPolygon.h"
+#include "Geometry/IPoint.h"
+#include "Geometry/IPolygon.h"
+#include "Geometry/IRing.h"
+#include "Geometry/IRingAbstract.h"
+#include "Geometry/ISurfaceAbstract.h"
+
+#endif  // FDO_GEOMETRY_H_

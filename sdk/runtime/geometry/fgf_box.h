@@ -1,0 +1,49 @@
+// FgfBox is the box of a geometry while it is measured.
+#ifndef SDK_RUNTIME_GEOMETRY_FGF_BOX_H_
+#define SDK_RUNTIME_GEOMETRY_FGF_BOX_H_
+
+#include <limits>
+
+namespace fdo_sdk {
+
+// Starts empty, which is inverted. An ordinate that is NaN never enters it.
+struct FgfBox {
+  double minX = std::numeric_limits<double>::infinity();
+  double minY = std::numeric_limits<double>::infinity();
+  double minZ = std::numeric_limits<double>::infinity();
+  double maxX = -std::numeric_limits<double>::infinity();
+  double maxY = -std::numeric_limits<double>::infinity();
+  double maxZ = -std::numeric_limits<double>::infinity();
+
+  bool IsEmpty() const { return !(minX <= maxX && minY <= maxY); }
+  bool HasZ() const { return minZ <= maxZ; }
+
+  void Expand(double x, double y) {
+    minX = x < minX ? x : minX;
+    minY = y < minY ? y : minY;
+    maxX = x > maxX ? x : maxX;
+    maxY = y > maxY ? y : maxY;
+  }
+  void ExpandZ(double z) {
+    minZ = z < minZ ? z : minZ;
+    maxZ = z > maxZ ? z : maxZ;
+  }
+
+  // In X and Y, edges included. Both are false where either box is empty.
+  bool Intersects(FgfBox const& other) const {
+    return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;
+  }
+  bool Contains(FgfBox const& other) const {
+    return !other.IsEmpty() && minX <= other.minX && other.maxX <= maxX && minY <= other.minY &&
+           other.maxY <= maxY;
+  }
+  // Without touching the edge.
+  bool ContainsProperly(FgfBox const& other) const {
+    return !other.IsEmpty() && minX < other.minX && other.maxX < maxX && minY < other.minY &&
+           other.maxY < maxY;
+  }
+};
+
+}  // namespace fdo_sdk
+
+#endif  // SDK_RUNTIME_GEOMETRY_FGF_BOX_H_

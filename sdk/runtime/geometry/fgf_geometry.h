@@ -1,0 +1,72 @@
+// What all geometries of FdoFgfGeometryFactory have in common.
+#ifndef SDK_RUNTIME_GEOMETRY_FGF_GEOMETRY_H_
+#define SDK_RUNTIME_GEOMETRY_FGF_GEOMETRY_H_
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "FdoGeometry.h"
+#include "sdk/runtime/geometry/fgf_bytes.h"
+#include "sdk/runtime/geometry/fgf_scan.h"
+#include "sdk/runtime/geometry/position_run.h"
+
+namespace fdo_sdk {
+
+// The side of a geometry that its factory and FdoSpatialUtility see; dynamic_cast leads to it.
+// Threads: never changes once made.
+class FgfBacked {
+ public:
+  FgfBacked(FgfBytes bytes, FgfScan const& scan);
+
+  FgfBytes const& Bytes() const { return bytes_; }  // exactly those of the geometry
+  FgfScan const& Scan() const { return scan_; }
+  // Of no other geometry that this process makes.
+  std::uint64_t Serial() const { return serial_; }
+
+ protected:
+  virtual ~FgfBacked() = default;
+
+ private:
+  FgfBytes bytes_;
+  FgfScan scan_;
+  std::uint64_t serial_;
+};
+
+// Gives: one reference, to the geometry at the front of the bytes.
+// Errors: throws ThrowInvalidFgf().
+FdoIGeometry* MakeGeometry(FgfBytes bytes);
+
+// Null for a geometry of another maker.
+FgfBacked const* AsFgfBacked(FdoIGeometry const* geometry);
+
+// Fills in Dispose and what FdoIGeometry asks of every geometry.
+template <class Interface>
+class FgfGeometry : public Interface, public FgfBacked {
+ public:
+  FgfGeometry(FgfBytes bytes, FgfScan const& scan) : FgfBacked(std::move(bytes), scan) {}
+
+  FdoIEnvelope* GetEnvelope() const override { return MakeEnvelope(Scan().box); }
+  FdoInt32 GetDimensionality() const override { return Scan().dimensionality; }
+  FdoGeometryType GetDerivedType() const override { return static_cast<FdoGeometryType>(Scan().type); }
+  FdoString* GetText() override;
+
+ protected:
+  void Dispose() override { delete this; }
+
+ private:
+  std::unique_ptr<std::wstring> text_;
+};
+
+// The text of a whole geometry stream.
+std::unique_ptr<std::wstring> MakeText(FgfBytes const& bytes);
+
+template <class Interface>
+FdoString* FgfGeometry<Interface>::GetText() {
+  if (text_ == nullptr) text_ = MakeText(Bytes());
+  return text_->c_str();
+}
+
+}  // namespace fdo_sdk
+
+#endif  // SDK_RUNTIME_GEOMETRY_FGF_GEOMETRY_H_
