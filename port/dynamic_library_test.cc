@@ -26,5 +26,16 @@ TEST(DynamicLibrary, UnknownNamesGiveNull) {
   EXPECT_EQ(FindSymbol(library, "no_such_function_of_this_name"), nullptr);
 }
 
+TEST(DynamicLibrary, AFailureIsExplained) {
+  ASSERT_EQ(LoadLibraryByName("no-such-library-of-this-name"), nullptr);
+  EXPECT_NE(LoadFailure(), "");
+}
+
+TEST(DynamicLibrary, AnAddressLeadsToItsFile) {
+  std::string const path = LibraryPathOf(reinterpret_cast<void const*>(&LoadLibraryByName));
+  EXPECT_NE(path.find("dynamic_library_test"), std::string::npos) << path;
+  EXPECT_EQ(LibraryPathOf(nullptr), "");
+}
+
 }  // namespace
 }  // namespace fdo::port

@@ -65,6 +65,7 @@
 #include "Fdo/Connections/IPropertyDictionary.h"
 #include "Fdo/Connections/ITransaction.h"
 #include "Fdo/Connections/ProviderDatastoreType.h"
+#include "Fdo/Expression/BLOBStreamReader.h"
 #include "Fdo/Expression/BLOBValue.h"
 #include "Fdo/Expression/BinaryExpression.h"
 #include "Fdo/Expression/BinaryOperations.h"
