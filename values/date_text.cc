@@ -19,6 +19,11 @@ class TextWriter {
 
   // As "%0<width>d".
   void PutInteger(int value, int width) {
+    if (width == 2 && value >= 0 && value < 100) {
+      Put(static_cast<char>('0' + value / 10));
+      Put(static_cast<char>('0' + value % 10));
+      return;
+    }
     if (value < 0) {
       Put('-');
       value = -value;
@@ -39,7 +44,10 @@ class TextWriter {
     constexpr float kMaxFast = 1000000.0f;
     if (!std::signbit(seconds) && seconds < kMaxFast) {
       // 24 bits times a thousand are exact in a double, so this rounds once, halves to even.
-      auto const thousandths = static_cast<int>(std::nearbyint(static_cast<double>(seconds) * 1000.0));
+      double const exact = static_cast<double>(seconds) * 1000.0;
+      int thousandths = static_cast<int>(exact);
+      double const rest = exact - thousandths;
+      if (rest > 0.5 || (rest == 0.5 && thousandths % 2 == 1)) ++thousandths;
       PutInteger(thousandths / 1000, 2);
       Put('.');
       PutInteger(thousandths % 1000, 3);

@@ -26,9 +26,20 @@ void NameIndex::Arrange() {
   for (std::size_t i = 0; i < kBuckets; ++i) starts_[i + 1] += starts_[i];
 }
 
-std::size_t NameIndex::Search(Entry const* entries, std::size_t begin, std::size_t end, wchar_t const* name) {
+std::uint32_t NameIndex::PrintOf(wchar_t const* name) {
+  constexpr std::size_t kEnd = 4;
+  std::size_t const length = std::wcslen(name);
+  auto print = static_cast<std::uint32_t>(length);
+  for (std::size_t i = length > kEnd ? length - kEnd : 0; i != length; ++i) {
+    print = print * 31 + static_cast<std::uint32_t>(name[i]);
+  }
+  return print;
+}
+
+std::size_t NameIndex::Search(std::size_t begin, std::size_t end, wchar_t const* name,
+                              std::uint32_t print) const {
   for (std::size_t i = begin; i != end; ++i) {
-    if (std::wcscmp(entries[i].name, name) == 0) return i;
+    if (entries_[i].print == print && std::wcscmp(entries_[i].name, name) == 0) return i;
   }
   return end;
 }
@@ -38,9 +49,10 @@ int NameIndex::Find(wchar_t const* name) const {
   std::size_t const begin = starts_[bucket];
   std::size_t const end = starts_[bucket + 1];
   std::size_t const start = lastBucket_ == bucket ? std::max(begin, lastEntry_) : begin;
-  std::size_t found = Search(entries_.data(), start, end, name);
+  std::uint32_t const print = PrintOf(name);
+  std::size_t found = Search(start, end, name, print);
   if (found == end) {
-    found = Search(entries_.data(), begin, start, name);
+    found = Search(begin, start, name, print);
     if (found == start) return -1;
   }
   lastBucket_ = bucket;

@@ -166,6 +166,14 @@ int FormatInteger(long long value, wchar_t (&text)[kNumberTextSize]) {
 }
 
 int FormatReal(double value, wchar_t (&text)[kNumberTextSize]) {
+  // A whole number of up to 15 digits, which most are, has the text of that integer; but not -0.
+  constexpr double kWhole = 1e15;
+  if (value > -kWhole && value < kWhole) {
+    auto const integer = static_cast<long long>(value);
+    if (static_cast<double>(integer) == value && (integer != 0 || !std::signbit(value))) {
+      return FormatInteger(integer, text);
+    }
+  }
   char digits[kNumberTextSize];
   return Widen(digits,
                std::to_chars(digits, digits + sizeof(digits), value, std::chars_format::general, 16).ptr,
@@ -180,9 +188,12 @@ wchar_t const* ReadInteger(wchar_t const* text, long long& value) {
   if (*p == L'-' || *p == L'+') ++p;
   if (!IsDigit(*p)) return text;
 
+  std::uint64_t number = 0;
+  for (wchar_t const* const safe = p + kMaxExactDigits; p != safe && IsDigit(*p); ++p) {
+    number = number * 10 + static_cast<std::uint64_t>(*p - L'0');
+  }
   constexpr auto kMax = static_cast<std::uint64_t>(std::numeric_limits<long long>::max());
   std::uint64_t const limit = negative ? kMax + 1 : kMax;
-  std::uint64_t number = 0;
   bool clamped = false;
   for (; IsDigit(*p); ++p) {
     auto const digit = static_cast<std::uint64_t>(*p - L'0');

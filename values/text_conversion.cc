@@ -107,8 +107,9 @@ Encoded EncodeText(wchar_t const* source, wchar_t const* sourceEnd, char* out, c
 
 std::size_t EncodedLength(wchar_t const* source, wchar_t const* sourceEnd) {
   std::size_t length = 0;
-  for (; source != sourceEnd && *source != 0; ++source)
+  for (; source != sourceEnd && *source != 0; ++source) {
     length += static_cast<std::size_t>(EncodedSize(Unit(*source)));
+  }
   return length;
 }
 
@@ -182,8 +183,12 @@ int Utf8ToWide(char const* source, int sourceBytes, wchar_t* destination, int de
 std::string ToUtf8(wchar_t const* text) {
   if (text == nullptr) return {};
   wchar_t const* const end = text + std::wcslen(text);
-  std::string result(EncodedLength(text, end), '\0');
-  EncodeText(text, end, result.data(), result.data() + result.size());
+  // Most text is plain letters, a byte each; counting first would cost more than writing it.
+  std::string result(static_cast<std::size_t>(end - text), '\0');
+  if (!EncodeText(text, end, result.data(), result.data() + result.size()).complete) {
+    result.resize(EncodedLength(text, end));
+    EncodeText(text, end, result.data(), result.data() + result.size());
+  }
   return result;
 }
 

@@ -51,13 +51,11 @@ class QUILLON_EXPORT CoordSysDef {
 
   int Count() const { return count_; }
   // The position, or -1.
-  // Requires: the list is not empty.
   int IndexOf(wchar_t const* name) const;
   // Requires: 0 <= i && i < Count()
   CoordSys const& operator[](int i) const { return systems_[i]; }
   CoordSys& operator[](int i) { return systems_[i]; }
   // Null when there is no system of that name.
-  // Requires: the list is not empty.
   CoordSys const* operator[](wchar_t const* name) const;
 
  private:
@@ -152,11 +150,9 @@ class QUILLON_EXPORT TableDef {
   // Requires: 0 <= i && i < ColumnCount()
   ColumnDef const& operator[](int i) const { return columns_[i]; }
   ColumnDef& operator[](int i) { return columns_[i]; }
-  // The position, or -1.
-  // Requires: the definition was initialized or copied into.
+  // The position, or -1. Of columns with one name the first is found.
   int IndexOf(wchar_t const* name) const;
   // Null when there is no column of that name.
-  // Requires: the definition was initialized or copied into.
   ColumnDef const* operator[](wchar_t const* name) const;
 
  private:

@@ -3,7 +3,8 @@
 // The rules are simple on purpose and the same on every platform: text on the wide side counts as
 // UTF-16 code units, each of which is encoded by itself, so a character above U+FFFF is two
 // three-byte sequences (six bytes). Where wchar_t has 32 bits such a character is one wide character
-// here, encoded as its two surrogates would be, and joined again when it is decoded. Sizes are bytes.
+// here, encoded as its two surrogates would be, and joined again when it is decoded; what lies above
+// U+10FFFF is no character and is encoded as U+FFFD. Sizes are bytes.
 // Threads: any.
 #ifndef FDO_TEXT_CONVERSION_H_
 #define FDO_TEXT_CONVERSION_H_
