@@ -7,11 +7,15 @@
 #include <cstring>
 #include <limits>
 
+#include "geometry/unaligned.h"
+#include "geometry/wkb_layout.h"
 #include "ogr_backend/column_types.h"
 #include "values/date_text.h"
 
 namespace fdo::internal {
 namespace {
+
+constexpr auto kLongestCell = static_cast<std::size_t>(std::numeric_limits<int>::max());
 
 // The marks that GDAL leaves in all three words of a field without a value.
 constexpr int kUnsetMark = -21121;
@@ -38,7 +42,7 @@ void ReadText(FeatureReader::FieldCell& cell, OgrField const& field) {
   // One character for each byte, at most. Longer text than an int counts is beyond any driver's limit.
   std::size_t const length = std::strlen(text);
   std::size_t const room = (length + 1) * sizeof(wchar_t);
-  if (room > static_cast<std::size_t>(std::numeric_limits<int>::max())) return cell.value->Reset();
+  if (room > kLongestCell) return cell.value->Reset();
   auto* wide = reinterpret_cast<wchar_t*>(cell.buffer.Reserve(room));
   Utf8ToWide(text, static_cast<int>(length), wide, static_cast<int>(room));
   cell.value->Reset(wide, /*copy=*/false);
@@ -85,6 +89,27 @@ FeatureReader::ReadField ReaderFor(ColumnDef::DataType type) {
   return [](FeatureReader::FieldCell& cell, OgrField const&) { cell.value->Reset(); };
 }
 
+// A point, a line string and a polygon are the same bytes in WKB and FGF but for the head: byte order
+// and type code in one, type and dimensionality in the other.
+constexpr std::size_t kFgfHeadBytes = 8;
+constexpr std::size_t kHeadDifference = kFgfHeadBytes - kWkbHeaderBytes;
+
+// Makes such a geometry FGF where it lies, beginning kHeadDifference before the WKB.
+// Gives: false, with nothing changed, for any other type.
+// Requires: little-endian ISO WKB with kHeadDifference bytes before it.
+bool ReplaceHead(unsigned char* wkb, std::size_t length) {
+  if (length < kWkbHeaderBytes) return false;
+  auto const code = Load<std::uint32_t>(wkb + 1);
+  std::uint32_t const type = code % kIsoDimensionality;
+  std::uint32_t const dimensionality = code / kIsoDimensionality;
+  if (type < kFgfPoint || type > kFgfPolygon || dimensionality > (kDimensionalityZ | kDimensionalityM)) {
+    return false;
+  }
+  Store(wkb - kHeadDifference, type);
+  Store(wkb - kHeadDifference + sizeof(type), dimensionality);
+  return true;
+}
+
 }  // namespace
 
 void CellBuffer::Grow(std::size_t bytes) {
@@ -127,13 +152,16 @@ void FeatureReader::ReadGeometry(OgrFeatureH feature) {
   int const wkbLength = geometry == nullptr ? 0 : gdal_.OGR_G_WkbSize(geometry);
   if (wkbLength <= 0) return geometry_->Reset();
   auto const wkbBytes = static_cast<std::size_t>(wkbLength);
-  unsigned char* const wkb = wkb_.Reserve(wkbBytes);
+  unsigned char* const wkb = wkb_.Reserve(wkbBytes + kHeadDifference) + kHeadDifference;
   if (gdal_.OGR_G_ExportToIsoWkb(geometry, kWkbLittleEndian, wkb) != kOgrErrNone) return geometry_->Reset();
+  if (wkbBytes + kHeadDifference <= kLongestCell && ReplaceHead(wkb, wkbBytes)) {
+    geometry_->Reset(static_cast<void const*>(wkb - kHeadDifference),
+                     static_cast<int>(wkbBytes + kHeadDifference), /*copy=*/false);
+    return;
+  }
   unsigned char* const fgf = fgf_.Reserve(IsoWkbToFgfBound(wkbBytes));
   std::size_t const fgfBytes = IsoWkbToFgf(wkb, wkbBytes, fgf);
-  if (fgfBytes == 0 || fgfBytes > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-    return geometry_->Reset();
-  }
+  if (fgfBytes == 0 || fgfBytes > kLongestCell) return geometry_->Reset();
   geometry_->Reset(static_cast<void const*>(fgf), static_cast<int>(fgfBytes), /*copy=*/false);
 }
 
