@@ -22,6 +22,13 @@ class GdalErrorScope {
   GdalErrorScope& operator=(GdalErrorScope const&) = delete;
 
   bool Failed() const { return failed_; }
+  // Makes it as if nothing had been said so far.
+  void Forget() {
+    if (!failed_ && warning_.empty()) return;
+    failed_ = false;
+    failure_.clear();
+    warning_.clear();
+  }
   // The first failure's text in UTF-8, else the last warning's, else "".
   std::string const& Message() const { return failed_ ? failure_ : warning_; }
 

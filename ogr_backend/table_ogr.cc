@@ -49,7 +49,8 @@ TableOgr::TableOgr(GdalSource& source, int layer, TableDef const& def, std::wstr
       reader_(gdal_, row_),
       desired_(static_cast<std::size_t>(def.ColumnCount()), true),
       shown_(desired_),
-      read_(desired_) {}
+      read_(desired_),
+      ahead_(gdal_) {}
 
 TableOgr::TableOgr(std::unique_ptr<GdalSource> source, int layer, TableDef const& def,
                    std::wstring& lastError)
@@ -198,7 +199,7 @@ void TableOgr::SetBox(double const* box) {
 // Puts filter, desired columns and, as it stands, the box in force, and ends what ran before.
 // Gives: false when the filter is refused; that has been reported.
 bool TableOgr::StartQuery(FdoFilter* filter) {
-  scan_ = Scan::kNone;
+  StopReading();
   first_ = kLeastId;
   last_ = kGreatestId;
   return AtBoundary(false, [&] {
@@ -272,7 +273,7 @@ void TableOgr::QueryRange(__int64 first, __int64 last) {
 }
 
 Row const* TableOgr::Query(__int64 id) {
-  scan_ = Scan::kNone;
+  StopReading();
   return AtBoundary(static_cast<Row const*>(nullptr), [&]() -> Row const* {
     GdalErrorScope scope(gdal_);
     ApplyDesiredFields(nullptr);
@@ -282,7 +283,7 @@ Row const* TableOgr::Query(__int64 id) {
 }
 
 void TableOgr::EndQuery() {
-  scan_ = Scan::kNone;
+  StopReading();
   GdalErrorScope scope(gdal_);
   gdal_.OGR_L_ResetReading(layer_);
 }
@@ -317,17 +318,32 @@ Row const* TableOgr::Show(OgrFeatureH feature) {
   return &row_;
 }
 
-Row const* TableOgr::Next() {
-  if (scan_ == Scan::kNone) return nullptr;
+// Returns whether there is a feature to show.
+bool TableOgr::FetchAhead() {
+  if (scan_ == Scan::kNone) return false;
   GdalErrorScope scope(gdal_);
-  if (OgrFeatureH const feature = NextFeature()) return Show(feature);
+  bool const goesOn = ahead_.Fetch(/*oneOnly=*/!source_.ReadOnly(), [&] {
+    scope.Forget();  // a complaint about a feature that came all the same
+    return NextFeature();
+  });
+  if (goesOn) return true;
   if (scan_ == Scan::kLayer && scope.Failed()) {
     Remember(scope);
     // A store that runs its own SQL notices a bad condition only here.
     if (filtered_) Refuse(std::wstring(lastError_).c_str());
   }
   scan_ = Scan::kNone;
-  return nullptr;
+  return !ahead_.IsEmpty();
+}
+
+void TableOgr::StopReading() {
+  scan_ = Scan::kNone;
+  ahead_.Discard();
+}
+
+Row const* TableOgr::Next() {
+  if (ahead_.IsEmpty() && !FetchAhead()) return nullptr;
+  return Show(ahead_.Take());
 }
 
 void TableOgr::FetchCurrentValue(Value& cell, int /*column*/) const {
@@ -366,7 +382,7 @@ __int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
 
 void TableOgr::GetExtent(double* const box, FdoFilter* filter) {
   if (filter != nullptr) return Table::GetExtent(box, filter);
-  scan_ = Scan::kNone;
+  StopReading();
   GdalErrorScope scope(gdal_);
   // A driver that scans for the extent does so under the filters that are set.
   bool const hadBox = hasBox_;

@@ -14,6 +14,7 @@
 #include "ogr_backend/feature_writer.h"
 #include "ogr_backend/filter_sql.h"
 #include "ogr_backend/gdal_source.h"
+#include "ogr_backend/read_ahead.h"
 
 namespace fdo::internal {
 
@@ -70,6 +71,8 @@ class TableOgr : public Table {
   bool SetCondition(std::string const* condition);
   void SetBox(double const* box);
   OgrFeatureH NextFeature();
+  bool FetchAhead();
+  void StopReading();
   Row const* Show(OgrFeatureH feature);
   FilterTarget Target() const;
   FeatureWriter& Writer();
@@ -94,6 +97,7 @@ class TableOgr : public Table {
   double box_[4] = {};
 
   Scan scan_ = Scan::kNone;
+  ReadAhead ahead_;
   bool filtered_ = false;  // the query that runs has a condition
   __int64 first_ = 0;      // the range, both ends included
   __int64 last_ = 0;
