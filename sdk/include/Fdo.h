@@ -3,6 +3,7 @@
 #define FDO_H_
 
 #include "Fdo/ClientServices/ClientServiceException.h"
+#include "Fdo/Commands/BatchParameterValueCollection.h"
 #include "Fdo/Commands/CommandException.h"
 #include "Fdo/Commands/CommandType.h"
 #include "Fdo/Commands/DataStore/ICreateDataStore.h"
@@ -30,6 +31,10 @@
 #include "Fdo/Commands/Locking/LockType.h"
 #include "Fdo/Commands/OrderingOption.h"
 #include "Fdo/Commands/ParameterDirection.h"
+#include "Fdo/Commands/ParameterValue.h"
+#include "Fdo/Commands/ParameterValueCollection.h"
+#include "Fdo/Commands/PropertyValue.h"
+#include "Fdo/Commands/PropertyValueCollection.h"
 #include "Fdo/Commands/Schema/IApplySchema.h"
 #include "Fdo/Commands/Schema/IDescribeSchema.h"
 #include "Fdo/Commands/Schema/IDestroySchema.h"
@@ -160,6 +165,8 @@
 #include "Fdo/Schema/PropertyDefinitionCollection.h"
 #include "Fdo/Schema/PropertyType.h"
 #include "Fdo/Schema/PropertyValueConstraint.h"
+#include "Fdo/Schema/PropertyValueConstraintList.h"
+#include "Fdo/Schema/PropertyValueConstraintRange.h"
 #include "Fdo/Schema/PropertyValueConstraintType.h"
 #include "Fdo/Schema/RasterPropertyDefinition.h"
 #include "Fdo/Schema/ReadOnlyDataPropertyDefinitionCollection.h"
