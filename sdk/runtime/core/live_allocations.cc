@@ -1,0 +1,33 @@
+#include "sdk/runtime/core/live_allocations.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<long long> live{0};
+
+void* Allocate(std::size_t size) {
+  void* memory = std::malloc(size == 0 ? 1 : size);
+  if (memory == nullptr) throw std::bad_alloc();
+  ++live;
+  return memory;
+}
+
+void Free(void* memory) {
+  if (memory == nullptr) return;
+  --live;
+  std::free(memory);
+}
+
+}  // namespace
+
+long long fdo_sdk::LiveAllocations() { return live; }
+
+void* operator new(std::size_t size) { return Allocate(size); }
+void* operator new[](std::size_t size) { return Allocate(size); }
+void operator delete(void* memory) noexcept { Free(memory); }
+void operator delete[](void* memory) noexcept { Free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { Free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { Free(memory); }
