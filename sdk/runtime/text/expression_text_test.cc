@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Fdo.h"
+#include "sdk/runtime/core/thrown.h"
 #include "sdk/runtime/text/tree_shape.h"
 
 namespace fdo_sdk {
@@ -319,7 +320,7 @@ TEST(ExpressionText, LongTokensAreCutInMessages) {
 }
 
 TEST(ExpressionText, NullTextIsAnEmptyText) {
-  EXPECT_THROW(FDO_SAFE_ADDREF(FdoExpression::Parse(nullptr)), FdoExpressionException*);
+  EXPECT_TRUE((fdo_sdk::Throws<FdoExpressionException>([&] { FdoExpression::Parse(nullptr); })));
 }
 
 }  // namespace

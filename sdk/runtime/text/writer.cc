@@ -48,30 +48,56 @@ namespace {
 
 [[noreturn]] void Fail(wchar_t const* message) { throw TextError{0, message}; }
 
-// Each node is written by the operation of its kind; `required_` tells it how tightly its place binds.
+// What is still to be written: a node or a text, and what happens then.
+struct Task {
+  FdoPtr<FdoExpression> expression;
+  FdoPtr<FdoFilter> filter;
+  Power required = Power::kOr;  // how tightly the place of the node binds
+  std::wstring text;
+  enum { kNothing, kLeaveLevel, kSeparateMinus, kKnowComputed } then = kNothing;
+  std::size_t begin = 0;  // kSeparateMinus: where the operand began
+};
+
+// Each node is taken apart by the operation of its kind, which puts texts and nodes into `parts_`. They wait
+// on a stack of this class's own, so that no tree, however deep, takes more of the program's stack.
 class Writer final : public FdoIExpressionProcessor, public FdoIFilterProcessor {
  public:
-  explicit Writer(FdoIdentifierCollection* computed) : computed_(computed) {}
+  explicit Writer(FdoIdentifierCollection* computed) : allComputed_(computed), computed_(computed) {}
 
   void Write(FdoExpression* expression, Power required) {
     if (expression == nullptr) Fail(L"The expression lacks an operand, so it has no text.");
-    required_ = required;
-    expression->Process(this);
+    Task task;
+    task.expression = FDO_SAFE_ADDREF(expression);
+    task.required = required;
+    parts_.push_back(task);
   }
 
   void Write(FdoFilter* filter, Power required) {
     if (filter == nullptr) Fail(L"The filter lacks an operand, so it has no text.");
-    required_ = required;
-    filter->Process(this);
+    Task task;
+    task.filter = FDO_SAFE_ADDREF(filter);
+    task.required = required;
+    parts_.push_back(task);
   }
 
   void WriteDefinition(FdoComputedIdentifier& computed) {
     FdoPtr<FdoExpression> expression = computed.GetExpression();
     Write(expression.p, Power::kAdd);
-    out_ += L" AS " + WriteIdentifier(SplitIdentifier(computed.GetText()));
+    Text(L" AS " + WriteIdentifier(SplitIdentifier(computed.GetText())));
   }
 
-  std::wstring Take() { return std::move(out_); }
+  // Writes all that waits.
+  std::wstring Take() {
+    std::vector<Task> waiting;
+    for (;;) {
+      waiting.insert(waiting.end(), parts_.rbegin(), parts_.rend());
+      parts_.clear();
+      if (waiting.empty()) return std::move(out_);
+      Task const task = waiting.back();
+      waiting.pop_back();
+      Do(task);
+    }
+  }
 
   void ProcessBinaryExpression(FdoBinaryExpression& expr) override;
   void ProcessUnaryExpression(FdoUnaryExpression& expr) override;
@@ -130,23 +156,49 @@ class Writer final : public FdoIExpressionProcessor, public FdoIFilterProcessor 
   void Dispose() override {}  // lives on the stack
 
  private:
-  // A level of nesting, with parentheses where the text has some.
-  class Level {
-   public:
-    Level(Writer& writer, wchar_t const* opening, wchar_t const* closing)
-        : writer_(writer), closing_(closing) {
-      if (++writer.nesting_ > kMaximumNesting) Fail(L"The tree is nested too deeply to be written.");
-      writer.out_ += opening;
+  void Do(Task const& task) {
+    required_ = task.required;
+    if (task.expression != nullptr) task.expression.p->Process(this);
+    if (task.filter != nullptr) task.filter.p->Process(this);
+    out_ += task.text;
+    switch (task.then) {
+      case Task::kNothing:
+        break;
+      case Task::kLeaveLevel:
+        --nesting_;
+        break;
+      case Task::kSeparateMinus:
+        // A minus right before a number would belong to the number.
+        if (NumberEnd(out_.c_str() + task.begin, nullptr) > 0) out_.insert(task.begin, L" ");
+        break;
+      case Task::kKnowComputed:
+        computed_ = allComputed_;
+        break;
     }
-    void Close() {
-      --writer_.nesting_;
-      writer_.out_ += closing_;
-    }
+  }
 
-   private:
-    Writer& writer_;
-    wchar_t const* closing_;
-  };
+  // Behind the parts that wait already, or at once when there are none.
+  void Text(std::wstring_view text) {
+    if (parts_.empty()) {
+      out_ += text;
+    } else {
+      Task task;
+      task.text = text;
+      parts_.push_back(task);
+    }
+  }
+
+  // A level of nesting, with parentheses where the text has some.
+  void Enter(wchar_t const* opening) {
+    if (++nesting_ > kMaximumNesting) Fail(L"The tree is nested too deeply to be written.");
+    Text(opening);
+  }
+  void Leave(wchar_t const* closing) {
+    Task task;
+    task.text = closing;
+    task.then = Task::kLeaveLevel;
+    parts_.push_back(task);
+  }
 
   // Parentheses around a node that binds more loosely than its place requires.
   template <class Body>
@@ -154,15 +206,15 @@ class Writer final : public FdoIExpressionProcessor, public FdoIFilterProcessor 
     if (own >= required_) {
       body();
     } else {
-      Level level(*this, L"(", L")");
+      Enter(L"(");
       body();
-      level.Close();
+      Leave(L")");
     }
   }
 
-  template <class Text>
-  void Literal(FdoDataValue& value, Text text) {
-    out_ += value.IsNull() ? L"NULL" : text();
+  template <class Make>
+  void Literal(FdoDataValue& value, Make make) {
+    Text(value.IsNull() ? L"NULL" : make());
   }
 
   template <class Node, class Operand>
@@ -171,14 +223,12 @@ class Writer final : public FdoIExpressionProcessor, public FdoIFilterProcessor 
   void Operator(InfixKind kind, int operation) {
     Infix const* infix = FindInfix(kind, operation);
     if (infix == nullptr) Fail(L"An operation has a number that means nothing.");
-    out_ += L" ";
-    out_ += infix->word;
-    out_ += L" ";
+    Text(L" " + std::wstring(infix->word) + L" ");
   }
 
   void Property(FdoIdentifier* name) {
     if (name == nullptr) Fail(L"The condition lacks a property name, so it has no text.");
-    out_ += WriteIdentifier(SplitIdentifier(name->GetText()));
+    Text(WriteIdentifier(SplitIdentifier(name->GetText())));
   }
 
   template <class Number>
@@ -200,9 +250,11 @@ class Writer final : public FdoIExpressionProcessor, public FdoIFilterProcessor 
     return Quoted(HexText(bytes->GetData(), static_cast<std::size_t>(bytes->GetCount())), L'\'');
   }
 
-  FdoIdentifierCollection* computed_;  // borrowed; null while a computed identifier is being written
+  FdoIdentifierCollection* const allComputed_;  // borrowed
+  FdoIdentifierCollection* computed_;           // null while a computed identifier is being written
   Power required_ = Power::kOr;
   int nesting_ = 0;
+  std::vector<Task> parts_;  // of the node at hand
   std::wstring out_;
 };
 
@@ -250,62 +302,64 @@ void Writer::ProcessBinaryExpression(FdoBinaryExpression& expr) {
 
 void Writer::ProcessUnaryExpression(FdoUnaryExpression& expr) {
   FdoPtr<FdoExpression> operand = expr.GetExpression();
-  Level level(*this, L"-", L"");
-  std::size_t const begin = out_.size();
+  Enter(L"-");
+  Task separate;
+  separate.then = Task::kSeparateMinus;
+  separate.begin = out_.size();
   Write(operand.p, Power::kPrimary);
-  // A minus right before a number would belong to the number.
-  if (NumberEnd(out_.c_str() + begin, nullptr) > 0) out_.insert(begin, L" ");
-  level.Close();
+  parts_.push_back(separate);
+  Leave(L"");
 }
 
 void Writer::ProcessFunction(FdoFunction& expr) {
   std::wstring const name = expr.GetName();
-  out_ += IsPlainName(name) ? name : Quoted(name, L'"');
-  Level level(*this, L"(", L")");
+  Text(IsPlainName(name) ? name : Quoted(name, L'"'));
+  Enter(L"(");
   FdoPtr<FdoExpressionCollection> arguments = expr.GetArguments();
   for (FdoInt32 i = 0; i < arguments->GetCount(); ++i) {
-    if (i > 0) out_ += L", ";
+    if (i > 0) Text(L", ");
     FdoPtr<FdoExpression> argument = arguments->GetItem(i);
     Write(argument.p, Power::kAdd);
   }
-  level.Close();
+  Leave(L")");
 }
 
 void Writer::ProcessIdentifier(FdoIdentifier& expr) {
   FdoPtr<FdoIdentifier> meant = computed_ == nullptr ? nullptr : computed_->FindItem(expr.GetText());
   auto* definition = dynamic_cast<FdoComputedIdentifier*>(meant.p);
   if (definition == nullptr) {
-    out_ += WriteIdentifier(SplitIdentifier(expr.GetText()));
+    Text(WriteIdentifier(SplitIdentifier(expr.GetText())));
   } else {
     // Names within a definition are properties, so that a definition may use its own name.
-    FdoIdentifierCollection* const known = computed_;
     computed_ = nullptr;
     ProcessComputedIdentifier(*definition);
-    computed_ = known;
+    Task known;
+    known.then = Task::kKnowComputed;
+    parts_.push_back(known);
   }
 }
 
 void Writer::ProcessComputedIdentifier(FdoComputedIdentifier& expr) {
   FdoPtr<FdoExpression> expression = expr.GetExpression();
-  Level level(*this, L"", L"");
+  Enter(L"");
   Write(expression.p, required_);
-  level.Close();
+  Leave(L"");
 }
 
 void Writer::ProcessParameter(FdoParameter& expr) {
   std::wstring const name = expr.GetName();
   bool plain = !name.empty();
   for (wchar_t const unit : name) plain = plain && IsNameUnit(unit);
-  out_ += L":" + (plain ? name : Quoted(name, L'\''));
+  Text(L":" + (plain ? name : Quoted(name, L'\'')));
 }
 
 void Writer::ProcessGeometryValue(FdoGeometryValue& expr) {
   FdoPtr<FdoByteArray> bytes = expr.GetGeometry();
   if (bytes == nullptr) {
-    out_ += L"NULL";
+    Text(L"NULL");
   } else {
     std::wstring const text = FgfToText(bytes->GetData(), static_cast<std::size_t>(bytes->GetCount()));
-    out_ += L"GeomFromText(" + Quoted(text, L'\'') + L")";
+    Text(L"GeomFromText(" + Quoted(text, L'\'') + L")");
   }
 }
 
@@ -314,9 +368,9 @@ void Writer::ProcessSubSelectExpression(FdoSubSelectExpression& expr) {
   FdoPtr<FdoIdentifier> selected = expr.GetFeatureClassName();
   FdoPtr<FdoJoinCriteriaCollection> joins = expr.GetJoinCriteria();
   FdoPtr<FdoFilter> filter = expr.GetFilter();
-  Level level(*this, L"(SELECT ", L")");
+  Enter(L"(SELECT ");
   Property(property);
-  out_ += L" FROM ";
+  Text(L" FROM ");
   Property(selected);
   for (FdoInt32 i = 0; i < joins->GetCount(); ++i) {
     FdoPtr<FdoJoinCriteria> join = joins->GetItem(i);
@@ -324,20 +378,19 @@ void Writer::ProcessSubSelectExpression(FdoSubSelectExpression& expr) {
     FdoPtr<FdoFilter> condition = join->GetFilter();
     std::wstring_view const words = WordsOfJoin(join->GetJoinType());
     if (words.empty()) Fail(L"A join has a type that means nothing.");
-    (out_ += L" ") += words;
-    out_ += L" ";
+    Text(L" " + std::wstring(words) + L" ");
     Property(joined);
-    if (join->HasAlias()) out_ += L" AS " + WriteIdentifier({IdentifierPart{L'\0', join->GetAlias()}});
+    if (join->HasAlias()) Text(L" AS " + WriteIdentifier({IdentifierPart{L'\0', join->GetAlias()}}));
     if (condition != nullptr) {
-      out_ += L" ON ";
+      Text(L" ON ");
       Write(condition.p, Power::kOr);
     }
   }
   if (filter != nullptr) {
-    out_ += L" WHERE ";
+    Text(L" WHERE ");
     Write(filter.p, Power::kOr);
   }
-  level.Close();
+  Leave(L")");
 }
 
 void Writer::ProcessBinaryLogicalOperator(FdoBinaryLogicalOperator& filter) {
@@ -351,9 +404,9 @@ void Writer::ProcessBinaryLogicalOperator(FdoBinaryLogicalOperator& filter) {
 
 void Writer::ProcessUnaryLogicalOperator(FdoUnaryLogicalOperator& filter) {
   FdoPtr<FdoFilter> operand = filter.GetOperand();
-  Level level(*this, L"NOT ", L"");
+  Enter(L"NOT ");
   Write(operand.p, Power::kNot);
-  level.Close();
+  Leave(L"");
 }
 
 void Writer::ProcessComparisonCondition(FdoComparisonCondition& filter) {
@@ -368,26 +421,26 @@ void Writer::ProcessInCondition(FdoInCondition& filter) {
   FdoPtr<FdoIdentifier> name = filter.GetPropertyName();
   FdoPtr<FdoSubSelectExpression> subSelect = filter.GetSubSelect();
   Property(name);
-  out_ += L" IN ";
+  Text(L" IN ");
   if (subSelect != nullptr) {
     Write(subSelect.p, Power::kPrimary);
     return;
   }
   FdoPtr<FdoValueExpressionCollection> values = filter.GetValues();
   if (values->GetCount() == 0) Fail(L"A condition without values has no text.");
-  Level level(*this, L"(", L")");
+  Enter(L"(");
   for (FdoInt32 i = 0; i < values->GetCount(); ++i) {
-    if (i > 0) out_ += L", ";
+    if (i > 0) Text(L", ");
     FdoPtr<FdoValueExpression> value = values->GetItem(i);
     Write(value.p, Power::kPrimary);
   }
-  level.Close();
+  Leave(L")");
 }
 
 void Writer::ProcessNullCondition(FdoNullCondition& filter) {
   FdoPtr<FdoIdentifier> name = filter.GetPropertyName();
   Property(name);
-  out_ += L" NULL";
+  Text(L" NULL");
 }
 
 void Writer::ProcessSpatialCondition(FdoSpatialCondition& filter) {
@@ -408,7 +461,7 @@ void Writer::ProcessDistanceCondition(FdoDistanceCondition& filter) {
   // Behind the geometry a minus would subtract.
   if (!std::isfinite(distance) || distance < 0)
     Fail(L"A distance that is negative or not finite has no text.");
-  out_ += L" " + NumberText(std::fabs(distance));
+  Text(L" " + NumberText(std::fabs(distance)));
 }
 
 }  // namespace
