@@ -72,6 +72,8 @@ inline constexpr auto kLayoutOfType =
     ByTypeCode<FgfLayout const*>(nullptr, [](FgfLayout const& layout) { return &layout; });
 inline constexpr auto kBodyOfType =
     ByTypeCode(FgfBody::kNone, [](FgfLayout const& layout) { return layout.body; });
+inline constexpr auto kIsoWkbOfType =
+    ByTypeCode<std::uint32_t>(0, [](FgfLayout const& layout) { return layout.isoWkb; });
 inline constexpr auto kPartOfType =
     ByTypeCode<std::int32_t>(0, [](FgfLayout const& layout) { return layout.partType; });
 
@@ -95,6 +97,11 @@ constexpr bool MayHold(std::int32_t parentType, std::int32_t type) {
   return partType == 0 || partType == type;
 }
 
+// Requires: type is one of FGF's.
+constexpr std::uint32_t IsoWkbOf(std::int32_t type) {
+  return internal::kIsoWkbOfType[static_cast<std::size_t>(type)];
+}
+
 inline constexpr int kDimensionalityZ = 1;
 inline constexpr int kDimensionalityM = 2;
 inline constexpr int kNoDimensionality = -1;  // of the multi types, whose parts have one each
@@ -106,6 +113,8 @@ static_assert(OrdinateCount(0) == 2 && OrdinateCount(1) == 3 && OrdinateCount(2)
               OrdinateCount(3) == 4);
 
 constexpr std::size_t PositionBytes(int ordinates) { return std::size_t(ordinates) * sizeof(double); }
+
+inline constexpr std::size_t kSingleHeadBytes = 8;  // type code and dimensionality
 
 // The fewest bytes that one counted thing takes. A count is refused when so many do not fit.
 inline constexpr std::size_t kSmallestPart = 4;     // the type word of an unknown type

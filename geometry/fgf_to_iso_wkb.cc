@@ -74,7 +74,7 @@ class CurveWriter {
 // Stops the walk at what WKB cannot hold.
 class IsoWkbSink : public PassingSink {
  public:
-  explicit IsoWkbSink(unsigned char* out) : out_(out) {}
+  IsoWkbSink(unsigned char* out, CurveWriter& curve) : out_(out), curve_(curve) {}
 
   std::size_t Written() const { return out_.Written(); }
 
@@ -86,7 +86,7 @@ class IsoWkbSink : public PassingSink {
     if (head.count < 0 || !MayHold(head.parentType, head.type)) return false;
     curvedRings_ = head.type == kFgfCurvePolygon;
     if (head.type == kFgfCurveString) return BeginCurve(head.count, head.parentType == kFgfMultiCurveString);
-    std::uint32_t const code = LayoutOf(head.type)->isoWkb + typeOffset_;
+    std::uint32_t const code = IsoWkbOf(head.type) + typeOffset_;
     if (head.type == kFgfPoint) {
       AppendWkbHeader(out_, code);
     } else {
@@ -106,12 +106,12 @@ class IsoWkbSink : public PassingSink {
     return true;
   }
 
-  bool Start(FgfPositions const& position) {
+  QUILLON_ALWAYS_INLINE bool Start(FgfPositions const& position) {
     curve_.Start(position);
     return true;
   }
 
-  bool Segment(std::int32_t type, FgfPositions const& positions) {
+  QUILLON_ALWAYS_INLINE bool Segment(std::int32_t type, FgfPositions const& positions) {
     StreamWriter out = out_;  // see out_
     bool const written = curve_.Segment(out, type, positions);
     out_ = out;
@@ -133,7 +133,7 @@ class IsoWkbSink : public PassingSink {
  private:
   // WKB states the dimensionality of a collection in front, FGF only further in. Up to the first
   // geometry that has one, nothing but headers of collections has been written.
-  void SetDimensionality(int dimensionality) {
+  QUILLON_ALWAYS_INLINE void SetDimensionality(int dimensionality) {
     dimensionality_ = dimensionality;
     typeOffset_ = static_cast<std::uint32_t>(dimensionality) * kIsoDimensionality;
     for (unsigned char* header = out_.Begin(); header != out_.At(); header += kWkbCountedHeaderBytes) {
@@ -141,7 +141,7 @@ class IsoWkbSink : public PassingSink {
     }
   }
 
-  bool BeginCurve(std::int32_t segments, bool loneLine) {
+  QUILLON_ALWAYS_INLINE bool BeginCurve(std::int32_t segments, bool loneLine) {
     if (segments < 1) return false;
     StreamWriter out = out_;
     curve_.Begin(out, dimensionality_, loneLine);
@@ -149,14 +149,14 @@ class IsoWkbSink : public PassingSink {
     return true;
   }
 
-  void EndCurve() {
+  QUILLON_ALWAYS_INLINE void EndCurve() {
     StreamWriter out = out_;
     curve_.End(out);
     out_ = out;
   }
 
-  StreamWriter out_;  // the curve writer is lent a copy: this one can then stay in registers
-  CurveWriter curve_;
+  StreamWriter out_;  // the curve writer is lent copies: this one can then stay in registers
+  CurveWriter& curve_;
   int dimensionality_ = kNoDimensionality;  // of the whole stream, once known
   std::uint32_t typeOffset_ = 0;
   bool curvedRings_ = false;
@@ -167,7 +167,8 @@ class IsoWkbSink : public PassingSink {
 std::size_t FgfToIsoWkb(unsigned char const* fgf, std::size_t length, unsigned char* out) noexcept {
   StreamCursor in(fgf, fgf + length);
   FgfNesting nesting;
-  IsoWkbSink sink(out);
+  CurveWriter curve;
+  IsoWkbSink sink(out, curve);
   return WalkFgf(in, sink, nesting) ? sink.Written() : 0;
 }
 

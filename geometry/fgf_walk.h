@@ -54,6 +54,7 @@ class FgfWalk {
         if (!sink_.EndGeometry(head)) return false;
         continue;
       }
+      unsigned char const* const first = in_.At();
       head.type = in_.Int32();
       if (in_.Failed()) return false;
       FgfBody const body = BodyOf(head.type);
@@ -61,6 +62,18 @@ class FgfWalk {
                         : body == FgfBody::kNone ? sink_.UnknownType(head.type)
                                                  : Single(head, body);
       if (!read) return false;
+      if (body == FgfBody::kPosition && !LikePoints(first, head, parent.count)) return false;
+    }
+    return true;
+  }
+
+  // Reads the points that follow a point as long as they begin with the same type and dimensionality,
+  // which then need no second look.
+  QUILLON_ALWAYS_INLINE bool LikePoints(unsigned char const* first, FgfGeometry& head, std::int32_t count) {
+    int const ordinates = OrdinateCount(head.dimensionality);
+    while (head.index + 1 < count && in_.TakeIfNext(first, kSingleHeadBytes)) {
+      ++head.index;
+      if (!Position(head, ordinates)) return false;
     }
     return true;
   }

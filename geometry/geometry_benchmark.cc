@@ -90,8 +90,8 @@ void Run(benchmark::State& state, bool asWkb, Visit visit) {
     rows.Each([&](unsigned char const* row, std::size_t length) { visit(row, length, out.data()); });
   }
   state.SetLabel(kShapeNames[shape]);
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * rows.bytes.size()));
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * rows.ends.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(rows.bytes.size()));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(rows.ends.size()));
 }
 
 void EveryShape(benchmark::internal::Benchmark* bench, bool withZ) {

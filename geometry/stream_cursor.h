@@ -53,6 +53,13 @@ class StreamCursor {
     return value;
   }
 
+  // Whether these bytes come next; they are then taken.
+  QUILLON_ALWAYS_INLINE bool TakeIfNext(unsigned char const* bytes, std::size_t size) {
+    if (Left() < size || std::memcmp(at_, bytes, size) != 0) return false;
+    at_ += size;
+    return true;
+  }
+
   QUILLON_ALWAYS_INLINE int Dimensionality() {
     std::int32_t const dimensionality = Int32();
     if (dimensionality < 0 || dimensionality > (kDimensionalityZ | kDimensionalityM)) [[unlikely]] {

@@ -30,6 +30,7 @@ class WkbCursor {
   // Reads the header of a geometry; a failed cursor gives one without a type. What follows, up to the next
   // header, is in its byte order.
   QUILLON_ALWAYS_INLINE WkbHeader Header() {
+    lastHeader_ = in_.At();
     unsigned char const order = in_.Byte();
     if constexpr (form == WkbForm::kOlder) {
       std::uint32_t const word = static_cast<std::uint32_t>(in_.Int32());
@@ -49,6 +50,9 @@ class WkbCursor {
     if (dimensionality > (kDimensionalityZ | kDimensionalityM)) return {code, 0, 0};
     return {code, FgfTypeOfWkb(code), static_cast<int>(dimensionality)};
   }
+
+  // Whether a header with the same bytes as the last one comes next; it is then taken.
+  QUILLON_ALWAYS_INLINE bool TakeSameHeader() { return in_.TakeIfNext(lastHeader_, kWkbHeaderBytes); }
 
   QUILLON_ALWAYS_INLINE std::int32_t Count(std::size_t smallest) { return in_.Checked(Int32(), smallest); }
 
@@ -87,6 +91,7 @@ class WkbCursor {
   }
 
   StreamCursor in_;
+  unsigned char const* lastHeader_ = nullptr;
   bool swapped_ = false;
 };
 

@@ -138,10 +138,20 @@ class WkbToFgfConversion {
       FgfBody const body = BodyOf(header.type);
       if (body == FgfBody::kParts) {
         if (!Open(header, around[++depth])) return false;
-      } else if (!Single(header, body)) {
-        return false;
+      } else {
+        if (!Single(header, body)) return false;
+        if (body == FgfBody::kPosition && !LikePoints(header, around[depth].left)) return false;
       }
     }
+  }
+
+  // Reads the points that follow a point as long as their headers are the same bytes.
+  QUILLON_ALWAYS_INLINE bool LikePoints(WkbHeader const& header, std::int32_t& left) {
+    while (left > 0 && in_.TakeSameHeader()) {
+      --left;
+      if (!Single(header, FgfBody::kPosition)) return false;
+    }
+    return true;
   }
 
   QUILLON_ALWAYS_INLINE bool Open(WkbHeader const& header, Level& level) {
