@@ -16,15 +16,18 @@ struct DriverTraits {
   bool losesM;
   // A row without a geometry is left out of the file, and reported as written.
   bool losesRowsWithoutGeometry;
+  // Once a scan has reached the end, the count of a layer without conditions is 0.
+  bool losesCount;
 };
 
 inline constexpr DriverTraits kDriverTraits[] = {
-    // name          runsOwnSql  losesM  losesRowsWithoutGeometry
-    {"FlatGeobuf", false, false, true}, {"GeoJSON", false, true, false},
-    {"GeoJSONSeq", false, true, false}, {"GPKG", true, false, false},
-    {"PostgreSQL", true, false, false}, {"SQLite", true, false, false},
+    // name          runsOwnSql  losesM  losesRowsWithoutGeometry  losesCount
+    {"CSV", false, false, false, true},        {"FlatGeobuf", false, false, true, false},
+    {"GPKG", true, false, false, false},       {"GeoJSON", false, true, false, false},
+    {"GeoJSONSeq", false, true, false, false}, {"PostgreSQL", true, false, false, false},
+    {"SQLite", true, false, false, false},
 };
-inline constexpr DriverTraits kOtherDrivers = {"", false, false, false};
+inline constexpr DriverTraits kOtherDrivers = {"", false, false, false, false};
 
 inline DriverTraits const& TraitsOf(char const* driver) {
   for (DriverTraits const& traits : kDriverTraits) {

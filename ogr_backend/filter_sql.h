@@ -35,8 +35,8 @@ struct FilterSql {
 // Refused is what the target does not have, or would take for something else: names that are no column;
 // text compared with numbers; dates; geometry, but for the test for null; comparison with NULL; brackets
 // in LIKE; functions, parameters and sub-selects; division by anything but a number other than 0; for
-// GDAL's dialect also text with a backslash before a quote or at its end, and equality of two text
-// columns. Filters nested deeper than kMaxFilterDepth are refused, too.
+// GDAL's dialect also LIKE with an underscore, text with a backslash before a quote or at its end, and
+// equality of two text columns. Filters nested deeper than kMaxFilterDepth are refused, too.
 // Errors: throws what the filter's nodes throw.
 // Requires: filter is not null
 FilterSql TranslateFilter(FdoFilter* filter, TableDef const& def, FilterTarget const& target);

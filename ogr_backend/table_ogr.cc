@@ -372,11 +372,18 @@ __int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
   constexpr __int64 kUnknown = -1;
   if (!StartQuery(filter)) return kUnknown;
   GdalErrorScope scope(gdal_);
+  if (source_.Traits().losesCount) return allowScan ? CountByScan() : kUnknown;
   __int64 const count = gdal_.OGR_L_GetFeatureCount(layer_, allowScan ? 1 : 0);
   if (count < 0 && scope.Failed()) {
     Remember(scope);
     if (filtered_) Refuse(std::wstring(lastError_).c_str());
   }
+  return count;
+}
+
+__int64 TableOgr::CountByScan() {
+  __int64 count = 0;
+  for (; OgrFeatureH const feature = gdal_.OGR_L_GetNextFeature(layer_); ++count) gdal_.OGR_F_Destroy(feature);
   return count;
 }
 

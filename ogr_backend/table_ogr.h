@@ -74,6 +74,7 @@ class TableOgr : public Table {
   bool FetchAhead();
   void StopReading();
   Row const* Show(OgrFeatureH feature);
+  __int64 CountByScan();
   FilterTarget Target() const;
   FeatureWriter& Writer();
   void Remember(GdalErrorScope const& scope);

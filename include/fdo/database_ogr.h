@@ -29,11 +29,12 @@ class GdalSource;
 //   with a filter keeps it, too. Query() and QueryRange drop it. Which rows meet a box is GDAL's
 //   matter: in most formats those whose geometry does, in some those whose envelope does.
 // - GetRowCount, IsEmpty and GetExtent end the running query.
-// - A filter is handed to GDAL as a condition of the same meaning. What GDAL cannot run so is refused,
-//   on every format alike: text compared with numbers, dates, spatial and distance conditions,
-//   functions, parameters, NULL but for the test for it, brackets in LIKE, division by a column. Text
-//   is equal when case is, too; its order and LIKE's view of case are the format's. A refused filter
-//   gives no rows, the count -1, and one diagnostic line.
+// - A filter is handed to GDAL as a condition of the same meaning. What GDAL cannot run so is refused:
+//   text compared with numbers, dates, spatial and distance conditions, functions, parameters, NULL but
+//   for the test for it, brackets in LIKE, division by a column; and, unless the format is a database,
+//   an underscore in LIKE, which GDAL counts in bytes. Text is equal when case is, too; its order, and
+//   LIKE's view of case, are the format's. A refused filter gives no rows, the count -1, and one
+//   diagnostic line.
 // - Update(row, filter) ignores the filter: column 0 of the row says which feature is rewritten.
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.
