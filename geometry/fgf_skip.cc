@@ -4,27 +4,14 @@
 #include "geometry/invalid_stream.h"
 
 namespace fdo {
-namespace {
-
-class SkipSink : public PassingSink {};
-
-}  // namespace
 
 unsigned char const* SkipGeometry(unsigned char const* begin, unsigned char const* end) {
   StreamCursor in(begin, end);
   FgfNesting nesting;
-  SkipSink sink;
+  PassingSink sink;
   WalkFgf(in, sink, nesting);
   if (in.Failed()) ThrowInvalidStream();
   return in.At();
-}
-
-unsigned char const* VisitFgf(unsigned char const* begin, unsigned char const* end, FgfVisitor& visitor) {
-  StreamCursor in(begin, end);
-  FgfNesting nesting;
-  bool const complete = WalkFgf(in, visitor, nesting);
-  if (in.Failed()) ThrowInvalidStream();
-  return complete ? in.At() : nullptr;
 }
 
 }  // namespace fdo

@@ -112,7 +112,7 @@ class IsoWkbSink : public PassingSink {
   }
 
   QUILLON_ALWAYS_INLINE bool Segment(std::int32_t type, FgfPositions const& positions) {
-    StreamWriter out = out_;  // see out_
+    StreamWriter out = out_;  // as out_ says
     bool const written = curve_.Segment(out, type, positions);
     out_ = out;
     return written;

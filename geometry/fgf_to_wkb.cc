@@ -57,13 +57,4 @@ std::size_t FgfToWkb(unsigned char const* fgf, std::size_t length, unsigned char
   return complete ? sink.Written() : 0;
 }
 
-std::int32_t FgfGeometryTypeMask(std::uint32_t wkbType) {
-  constexpr std::int32_t kAllKinds = 1 | 2 | 4 | 8;
-  std::uint32_t const code = wkbType & ~kWkbZBit;
-  if (code == 0) return 0;
-  FgfLayout const* const layout =
-      code <= kFgfMultiPolygon ? LayoutOf(static_cast<std::int32_t>(code)) : nullptr;
-  return layout == nullptr ? kAllKinds : layout->plainMask;
-}
-
 }  // namespace fdo

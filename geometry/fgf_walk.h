@@ -9,13 +9,8 @@
 
 namespace fdo {
 
-// Sink has the functions of FgfVisitor, virtual or not.
-//
-// There is no recursion, each function here is called from one place, and the memory for the nesting is
-// the caller's: with a sink of internal linkage the whole walk is inlined into its caller, and cursor
-// and sink live in registers.
-
-// The multi types that are open around the geometry at hand.
+// The multi types that are open around the geometry at hand. Each caller of the walk has them among its
+// own variables: with them in its frame, the walk could not be inlined.
 struct FgfNesting {
   struct Level {
     std::int32_t type;
@@ -25,6 +20,9 @@ struct FgfNesting {
   Level levels[kFgfMaxLevels - 1];
 };
 
+// Sink has the functions of FgfVisitor, virtual or not. There is no recursion, and all is inlined into
+// the caller, so that cursor and sink stay in registers: rows are small, and a call for each piece costs
+// more than the work on it.
 template <class Sink>
 class FgfWalk {
  public:

@@ -42,8 +42,8 @@ QUILLON_EXPORT unsigned char const* SkipGeometry(unsigned char const* begin, uns
 QUILLON_EXPORT unsigned char const* FgfBox(unsigned char const* begin, unsigned char const* end,
                                            double box[4]);
 
-// --- WKB in the older 2.5D form ---------------------------------------------------------------
-// Little-endian, types 1 to 6, and a Z ordinate told by the bit 0x80000000 of the type word.
+// There are two pairs of conversions. FgfToWkb and WkbToFgf know the older form of WKB: little-endian,
+// types 1 to 6, and a Z ordinate told by the bit 0x80000000 of the type word.
 
 // Room that FgfToWkb needs for an FGF stream of that many bytes. One byte more than the stream: a
 // multi-geometry without parts has 8 bytes as FGF and 9 as WKB.
@@ -72,8 +72,8 @@ QUILLON_EXPORT std::size_t WkbToFgf(unsigned char const* wkb, std::size_t length
 // geometry) gives 0, and every other code gives 15, which is all of them.
 QUILLON_EXPORT std::int32_t FgfGeometryTypeMask(std::uint32_t wkbType);
 
-// --- WKB in the ISO form, for everything FGF has ----------------------------------------------
-// All eleven FGF types with Z and M (type codes raised by 1000 for Z, 2000 for M, 3000 for both):
+// FgfToIsoWkb and IsoWkbToFgf know the ISO form and carry everything that FGF has: all eleven types with
+// Z and M (type codes raised by 1000 for Z, 2000 for M, 3000 for both).
 //
 //   FGF                   WKB
 //   1 to 6                the same
@@ -111,8 +111,6 @@ constexpr std::size_t IsoWkbToFgfBound(std::size_t wkbLength) { return 2 * wkbLe
 QUILLON_EXPORT std::size_t IsoWkbToFgf(unsigned char const* wkb, std::size_t length,
                                        unsigned char* out) noexcept;
 
-// --- Walking a stream -------------------------------------------------------------------------
-
 // Positions as they lie in the stream: X, Y, then Z and M as far as there are any.
 // Borrowed: the bytes are the stream's. They may be unaligned: read them through Ordinate.
 struct FgfPositions {
@@ -135,7 +133,8 @@ struct FgfGeometry {
   std::int32_t parentType;  // 0 for the outermost geometry
   std::int32_t index;       // among the parts of its parent, from 0
   int dimensionality;       // 0 XY, 1 XYZ, 2 XYM, 3 XYZM; -1 for the multi types, which have none
-  std::int32_t count;       // of positions (types 1, 2), rings (3, 11), segments (10) or parts (the rest)
+  std::int32_t count;       // of positions (types 1, 2), segments (10), parts (multi types) or rings
+                            // (3, 11; as it stands in the stream, where less than 1 means none)
 };
 
 inline constexpr std::int32_t kFgfArc = 130;   // segment of two positions, mid and end
