@@ -322,11 +322,19 @@ Row const* TableOgr::Show(OgrFeatureH feature) {
 bool TableOgr::FetchAhead() {
   if (scan_ == Scan::kNone) return false;
   GdalErrorScope scope(gdal_);
+  // A complaint about a feature that came all the same: something in it could not be read.
+  auto const rememberComplaint = [&] {
+    if (scope.Failed()) Remember(scope);
+    scope.Forget();
+  };
   bool const goesOn = ahead_.Fetch(/*oneOnly=*/!source_.ReadOnly(), [&] {
-    scope.Forget();  // a complaint about a feature that came all the same
+    rememberComplaint();
     return NextFeature();
   });
-  if (goesOn) return true;
+  if (goesOn) {
+    rememberComplaint();
+    return true;
+  }
   if (scan_ == Scan::kLayer && scope.Failed()) {
     Remember(scope);
     // A store that runs its own SQL notices a bad condition only here.
