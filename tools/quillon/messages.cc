@@ -14,7 +14,12 @@ namespace {
 
 constexpr std::size_t kListedNames = 10;
 
-std::string WithDetail(std::string const& detail) { return detail.empty() ? "" : ": " + detail; }
+// A reason on one line, whatever line breaks it comes with, and without a full stop.
+std::string WithDetail(std::string const& detail) {
+  std::string line = OneLine(detail);
+  if (!line.empty() && line.back() == '.') line.pop_back();
+  return line.empty() ? "" : ": " + line;
+}
 
 // The question if there is somebody to ask about, else the list to choose from.
 std::string DidYouMean(std::string const& suggestion, std::string const& kind,
@@ -40,6 +45,15 @@ std::string BlankUpTo(std::string const& text, int position) {
 
 }  // namespace
 
+Failure Usage(std::string const& detail) {
+  return {ExitCode::kUsage, fmt::format("{}\nRun quillon --help or quillon COMMAND --help.", detail)};
+}
+
+Failure NoSuchCommand(std::string const& name, std::string const& suggestion) {
+  return Usage(fmt::format("there is no command \"{}\"{}", name,
+                           suggestion.empty() ? "" : fmt::format("; did you mean \"{}\"?", suggestion)));
+}
+
 Failure NotUtf8(int argument) {
   return {ExitCode::kUsage,
           fmt::format("argument {} is not UTF-8 text; set a UTF-8 locale or rename the file", argument)};
@@ -56,16 +70,10 @@ Failure ColumnTwice(std::string const& name) {
   return {ExitCode::kUsage, fmt::format("column \"{}\" is selected twice; name each column once", name)};
 }
 
-Failure UnknownFormat(std::string const& target, std::string const& driver, std::string const& detail) {
-  if (driver.empty()) {
-    return {ExitCode::kUsage,
-            fmt::format("the name \"{}\" does not tell a format that can be written; name a "
-                        "GDAL driver with --format, such as --format GPKG",
-                        target)};
-  }
-  return {ExitCode::kUsage,
-          fmt::format("format \"{}\" cannot be written{}; see ogrinfo --formats for the drivers", driver,
-                      WithDetail(detail))};
+Failure UnknownFormat(std::string const& target) {
+  return {ExitCode::kUsage, fmt::format("the name \"{}\" does not tell a format that can be written; name a "
+                                        "GDAL driver with --format, such as --format GPKG",
+                                        target)};
 }
 
 Failure SourceMissing(std::string const& source) {
@@ -74,8 +82,8 @@ Failure SourceMissing(std::string const& source) {
 
 Failure SourceUnreadable(std::string const& source, std::string const& detail) {
   return {ExitCode::kCannotOpen,
-          fmt::format("{} cannot be opened as vector data{}; the file may be damaged, incomplete, not "
-                      "readable for you or of another kind, or GDAL may not be installed (libgdal)",
+          fmt::format("{} cannot be opened as vector data{}. Check that the file is complete, "
+                      "readable and of a format that GDAL knows",
                       source, WithDetail(detail))};
 }
 
@@ -121,6 +129,22 @@ Failure BadFilter(std::string const& text, std::string const& detail, std::optio
   return {ExitCode::kUsage, std::move(message)};
 }
 
+Failure QueryFailed(std::string const& source) {
+  return {ExitCode::kFailed, fmt::format("the query of {} failed for the reason above", source)};
+}
+
+Failure RowsMissing(std::string const& source, std::string const& detail) {
+  return {ExitCode::kPartlyDone, fmt::format("reading {} met an error{}; rows or values may be missing",
+                                             source, WithDetail(detail))};
+}
+
+std::string CoordinatesAsTheyAre(std::string const& coordinateSystem) {
+  return fmt::format(
+      "coordinates are written as they are, in \"{}\"; most readers of GeoJSON expect longitude "
+      "and latitude on WGS 84",
+      coordinateSystem);
+}
+
 Failure CannotWriteOutput(int systemError) {
   std::string const reason =
       systemError == 0 ? std::string("unknown error") : std::generic_category().message(systemError);
@@ -147,11 +171,23 @@ Failure CannotCreate(std::string const& target, std::string const& driver, std::
                                          driver, WithDetail(detail))};
 }
 
+Failure CannotFinish(std::string const& target) {
+  return {ExitCode::kFailed,
+          fmt::format("{} could not be written for the reason above; nothing was kept", target)};
+}
+
 Failure CannotReadBack(std::string const& target, std::string const& detail) {
   return {ExitCode::kFailed,
           fmt::format("what was written for {} cannot be read back{}; nothing was kept. --no-check keeps it "
                       "unread",
                       target, WithDetail(detail))};
+}
+
+Failure RowsLost(std::string const& target, std::int64_t missing, std::int64_t written) {
+  return {ExitCode::kFailed,
+          fmt::format("{} of {} rows are not to be found in what was written for {}; nothing was "
+                      "kept. Look whether the disk is full; --no-check keeps what there is",
+                      missing, written, target)};
 }
 
 Failure CannotPlace(std::string const& target, std::string const& detail) {
@@ -170,6 +206,20 @@ Failure Interrupted(std::string const& target) {
 
 Failure Unexpected(std::string const& detail) {
   return {ExitCode::kFailed, detail.empty() ? "the operation failed without a message" : detail};
+}
+
+std::string OneLine(std::string const& text) {
+  std::string line;
+  for (char c : text) {
+    bool const isBlank = c == ' ' || c == '\n' || c == '\r' || c == '\t';
+    if (!isBlank) {
+      line += c;
+    } else if (!line.empty() && line.back() != ' ') {
+      line += ' ';
+    }
+  }
+  if (!line.empty() && line.back() == ' ') line.pop_back();
+  return line;
 }
 
 std::string ListNames(std::vector<std::string> const& names) {

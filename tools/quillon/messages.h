@@ -13,10 +13,12 @@
 namespace fdo::tool {
 
 // --- Command line -----------------------------------------------------------------------------
+Failure Usage(std::string const& detail);
+Failure NoSuchCommand(std::string const& name, std::string const& suggestion);
 Failure NotUtf8(int argument);
 Failure BadBox(std::string const& text);
 Failure ColumnTwice(std::string const& name);
-Failure UnknownFormat(std::string const& target, std::string const& driver, std::string const& detail);
+Failure UnknownFormat(std::string const& target);
 
 // --- Sources ----------------------------------------------------------------------------------
 Failure SourceMissing(std::string const& source);
@@ -36,13 +38,22 @@ Failure NoStatistics(std::string const& table, std::string const& column, std::s
 // position: of the error in text, in characters, if it is known; a caret is set under it.
 Failure BadFilter(std::string const& text, std::string const& detail, std::optional<int> position);
 
+// The library gave its reasons in lines of their own.
+Failure QueryFailed(std::string const& source);
+// detail: what the back end says, or "".
+Failure RowsMissing(std::string const& source, std::string const& detail);
+std::string CoordinatesAsTheyAre(std::string const& coordinateSystem);
+
 // --- Work -------------------------------------------------------------------------------------
 Failure CannotWriteOutput(int systemError);
 Failure TargetExists(std::string const& target);
 Failure TargetIsSource(std::string const& target);
 Failure TargetFolderMissing(std::string const& folder);
 Failure CannotCreate(std::string const& target, std::string const& driver, std::string const& detail);
+// The library gave its reasons in lines of their own.
+Failure CannotFinish(std::string const& target);
 Failure CannotReadBack(std::string const& target, std::string const& detail);
+Failure RowsLost(std::string const& target, std::int64_t missing, std::int64_t written);
 Failure CannotPlace(std::string const& target, std::string const& detail);
 Failure NothingWritten(std::string const& target, std::int64_t rows, std::string const& detail);
 Failure Interrupted(std::string const& target);
@@ -51,6 +62,9 @@ Failure Unexpected(std::string const& detail);
 
 // "a, b and 12 more": names for a message, at most ten of them.
 std::string ListNames(std::vector<std::string> const& names);
+
+// The text with each run of blanks and line breaks as one space.
+std::string OneLine(std::string const& text);
 
 }  // namespace fdo::tool
 

@@ -1,5 +1,7 @@
 #include "tools/quillon/session.h"
 
+#include "tools/quillon/messages.h"
+
 namespace fdo::tool {
 
 void Session::ForgiveDiagnostics() {
@@ -12,7 +14,7 @@ void Session::ForgiveDiagnostics() {
 
 bool Session::ShowDiagnostics() {
   auto const lines = diagnostics.Take();
-  for (auto const& line : lines) console.Note(line);
+  for (auto const& line : lines) console.Note(OneLine(line));
   return !lines.empty();
 }
 

@@ -1,0 +1,202 @@
+#include <fdo/database_ogr.h>
+
+#include <fmt/format.h>
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "tools/quillon/command.h"
+#include "tools/quillon/conversion_check.h"
+#include "tools/quillon/conversion_report.h"
+#include "tools/quillon/interruption.h"
+#include "tools/quillon/messages.h"
+#include "tools/quillon/open_source.h"
+#include "tools/quillon/path_text.h"
+#include "tools/quillon/row_copier.h"
+#include "tools/quillon/selection.h"
+#include "tools/quillon/staged_target.h"
+#include "tools/quillon/target_definition.h"
+#include "tools/quillon/utf8.h"
+
+namespace fdo::tool {
+
+char const kConvertDetails[] =
+    "The target appears under its name complete or not at all. It is read back and compared with the "
+    "source;\n"
+    "whatever is not the same (text cut, numbers rounded, nulls written as 0, Z or M dropped, rows refused)\n"
+    "is listed for each column, and the exit code is then 4. Rings may start elsewhere or run the other "
+    "way,\n"
+    "and a geometry of one part may gain or lose the collection around it: that is the same. Rows get new\n"
+    "ids. Drivers without geometry (CSV) get a text column \"WKT\".\n"
+    "\n"
+    "  quillon convert world.shp world.gpkg\n"
+    "  quillon convert world.gpkg africa.fgb --where \"continent = 'Africa'\" --select name_long,pop,geom\n"
+    "  quillon convert roads.gpkg roads.json --format GeoJSON --overwrite --json";
+
+namespace {
+
+struct ConvertOptions {
+  std::string source, target;
+  Selection selection;
+  std::string format;
+  bool overwrite = false;
+  bool noCheck = false;
+  bool json = false;
+};
+
+std::wstring Wide(std::string const& utf8) {
+  std::wstring wide;
+  WideFromUtf8(utf8, wide);  // the command line has been looked at
+  return wide;
+}
+
+// One run of the command.
+class Converter {
+ public:
+  Converter(ConvertOptions const& options, Session& session) : options_(options), session_(session) {}
+
+  ExitCode Run() {
+    Source source = OpenSource(options_.source);
+    session_.ForgiveDiagnostics();
+    Table& table = FindTable(source, options_.selection.table);
+    TableDef const& def = *table.Def();
+    BoundSelection const selection = Bind(options_.selection, def);
+    std::wstring const driver = Driver();
+    RefuseSourceAsTarget();
+
+    report_.source = options_.source;
+    report_.table = Utf8(def.Name());
+    report_.target = options_.target;
+    report_.driver = Utf8(driver);
+    columns_ = ColumnsToWrite(def, selection.columns, report_.leftColumns);
+    for (int column : columns_) report_.columns.push_back({Utf8(def[column].Name()), "", {}});
+
+    StagedTarget staged(options_.target, options_.overwrite ? Overwrite::kReplace : Overwrite::kRefuse);
+    Write(table, selection, driver, staged.Path());
+    std::string const readError = ReadError(source);
+    if (!options_.noCheck) Check(table, selection, staged.Path());
+    StopIfInterrupted();
+    staged.Commit();
+    return Report(readError);
+  }
+
+ private:
+  std::wstring Driver() const {
+    std::wstring const driver = options_.format.empty()
+                                    ? DatabaseOgr::DriverForPath(Wide(options_.target).c_str())
+                                    : Wide(options_.format);
+    if (driver.empty()) throw UnknownFormat(options_.target);
+    return driver;
+  }
+
+  void RefuseSourceAsTarget() const {
+    std::error_code ignored;
+    if (std::filesystem::equivalent(PathOf(options_.source), PathOf(options_.target), ignored))
+      throw TargetIsSource(options_.target);
+  }
+
+  void Write(Table& table, BoundSelection const& selection, std::wstring const& driver,
+             std::wstring const& path) {
+    DatabaseDef definition;
+    DefineTarget(*table.Def(), columns_, driver, table.Def()->Name(), definition);
+    DatabaseOgr target;
+    if (!target.Create(path.c_str(), driver.c_str(), definition) || target.Count() == 0) {
+      throw CannotCreate(options_.target, report_.driver, Utf8(target.LastError()));
+    }
+    constexpr bool kAllowScan = true;
+    std::int64_t const total = options_.selection.where.empty() && options_.selection.box.empty()
+                                   ? table.GetRowCount(nullptr, !kAllowScan)
+                                   : -1;
+    report_.rows = CopyRows(
+        table, selection, columns_, target[0], KeepsGeometryAsText(driver),
+        [&] { return Utf8(target.LastError()); },
+        [&](CopiedRows const& rows) { Step("writing", rows.read, total); });
+    target.Disconnect();
+    std::string const closing = Utf8(target.LastError());
+    if (session_.ShowDiagnostics()) throw CannotFinish(options_.target);
+    if (report_.rows.read > 0 && report_.rows.written == 0) {
+      auto const& reasons = report_.rows.reasons;
+      throw NothingWritten(options_.target, report_.rows.read,
+                           reasons.empty() ? closing : reasons.begin()->first);
+    }
+  }
+
+  void Check(Table& table, BoundSelection const& selection, std::wstring const& path) {
+    DatabaseOgr written;
+    constexpr bool kReadOnly = true, kLoadSchema = true;
+    if (!written.Connect(path.c_str(), nullptr, nullptr, kReadOnly, kLoadSchema)) {
+      throw CannotReadBack(options_.target, Utf8(written.LastError()));
+    }
+    if (written.Count() == 0) throw CannotReadBack(options_.target, "it has no tables");
+    Table* const named = written[table.Def()->Name()];
+    Table& target = named == nullptr ? written[0] : *named;
+    auto const matches = MatchColumns(*table.Def(), columns_, *target.Def());
+
+    std::int64_t compared = 0;
+    ConversionChanges const changes =
+        CheckConversion({table, selection, columns_, matches, report_.rows.refused, target},
+                        [&] { Step("checking", ++compared, report_.rows.written); });
+    // The format took them and lost them: what is there is half a target.
+    if (changes.missingRows > 0) throw RowsLost(options_.target, changes.missingRows, report_.rows.written);
+    report_.checked = true;
+    report_.surplusRows = -changes.missingRows;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      report_.columns[i].changes = changes.columns[i];
+      bool const isGeometry = columns_[i] == table.Def()->IndexOfGeom();
+      // Each format calls its geometry as it likes; that is no news.
+      if (isGeometry && matches[i] >= 0) report_.columns[i].targetName = report_.columns[i].name;
+      if (!isGeometry && matches[i] >= 0)
+        report_.columns[i].targetName = Utf8((*target.Def())[matches[i]].Name());
+    }
+    if (session_.ShowDiagnostics()) throw CannotReadBack(options_.target, "see above");
+  }
+
+  ExitCode Report(std::string const& readError) {
+    session_.console.ClearProgress();
+    for (auto const& note : report_.Notes()) session_.console.Note(note);
+    if (!readError.empty()) session_.console.Error(RowsMissing(options_.source, readError).message);
+    session_.output.Write(options_.json ? report_.Json() : report_.Summary());
+    return report_.IsComplete() && readError.empty() ? ExitCode::kDone : ExitCode::kPartlyDone;
+  }
+
+  void Step(char const* doing, std::int64_t done, std::int64_t total) {
+    StopIfInterrupted();
+    if (!session_.console.ProgressIsDue()) return;
+    session_.console.Progress(total > 0 ? fmt::format("{}: {} of {} rows, {} %", doing, done, total,
+                                                      std::min<std::int64_t>(100, 100 * done / total))
+                                        : fmt::format("{}: {} rows", doing, done));
+  }
+
+  void StopIfInterrupted() const {
+    if (watch_.Happened()) throw Interrupted(options_.target);
+  }
+
+  ConvertOptions const& options_;
+  Session& session_;
+  InterruptionWatch watch_;
+  std::vector<int> columns_;  // positions in the source, as they are written
+  ConversionReport report_;
+};
+
+}  // namespace
+
+Action DefineConvert(CLI::App& app) {
+  auto const options = std::make_shared<ConvertOptions>();
+  app.add_option("SOURCE", options->source, "What to read")->required();
+  app.add_option("TARGET", options->target, "The file to make")->required();
+  options->selection.DefineTable(app);
+  options->selection.DefineWhere(app);
+  options->selection.DefineBox(app);
+  options->selection.DefineColumns(app);
+  app.add_option("--format", options->format,
+                 "GDAL's short name of the target's driver, unless its name tells")
+      ->type_name("DRIVER");
+  app.add_flag("--overwrite", options->overwrite, "Replace an existing target once the new one is complete");
+  app.add_flag("--no-check", options->noCheck, "Do not read the target back");
+  app.add_flag("--json", options->json, "Print the summary as one JSON document");
+  return [options](Session& session) { return Converter(*options, session).Run(); };
+}
+
+}  // namespace fdo::tool

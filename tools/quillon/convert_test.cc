@@ -1,0 +1,301 @@
+// Runs conversions between formats and looks at what arrives, and at what is left when they fail.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "testing/scratch_directory.h"
+#include "tools/quillon/program_run.h"
+
+namespace fdo::tool {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string Data(std::string const& name) { return std::string(QUILLON_TEST_DATA) + "/" + name; }
+
+class Convert : public testing::Test {
+ protected:
+  std::string Scratch(std::string const& name) const { return (scratch_.Path() / name).string(); }
+
+  std::string WriteFile(std::string const& name, std::string const& content) const {
+    std::ofstream(Scratch(name), std::ios::binary) << content;
+    return Scratch(name);
+  }
+
+  std::string Content(std::string const& name) const {
+    std::ifstream file(Scratch(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  }
+
+  // What is in the scratch directory, hidden files included.
+  std::vector<std::string> Files() const {
+    std::vector<std::string> names;
+    for (auto const& entry : fs::directory_iterator(scratch_.Path()))
+      names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  // The number of times that something happened to a column's values.
+  static int Changes(json const& summary, std::string const& column, std::string const& change) {
+    for (auto const& entry : summary["columns"]) {
+      if (entry["name"] == column) return entry["changes"].value(change, 0);
+    }
+    ADD_FAILURE() << "no column " << column;
+    return -1;
+  }
+
+  // Features of GeoJSON, each with properties and a geometry, as a file.
+  std::string Features(std::string const& name, std::vector<json> const& features) const {
+    json collection = {{"type", "FeatureCollection"}, {"features", json::array()}};
+    for (auto feature : features) {
+      feature["type"] = "Feature";
+      collection["features"].push_back(feature);
+    }
+    return WriteFile(name, collection.dump());
+  }
+
+  ScratchDirectory scratch_;
+};
+
+ProgramResult RunConvert(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), "convert");
+  return RunQuillon(arguments);
+}
+
+// The rows of a source without ids, each geometry under one name.
+json Rows(std::string const& source) {
+  auto const info = json::parse(RunQuillon({"info", "--json", source}).out);
+  auto const& table = info["tables"][0];
+  std::string const geometry = table["geometry"]["column"];
+  std::string const id = table["columns"][0]["name"];
+  bool idIsAField = false;
+  for (std::size_t i = 1; i < table["columns"].size(); ++i) idIsAField |= table["columns"][i]["name"] == id;
+  auto const result = RunQuillon({"query", source, "-f", "json"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  auto rows = json::parse(result.out);
+  for (auto& row : rows) {
+    if (geometry != "geometry") {
+      row["geometry"] = row[geometry];
+      row.erase(geometry);
+    }
+    if (!idIsAField) row.erase(id);
+  }
+  return rows;
+}
+
+void Sort(json& rows, std::string const& key) {
+  std::sort(rows.begin(), rows.end(), [&](json const& a, json const& b) { return a[key] < b[key]; });
+}
+
+// --- What arrives -------------------------------------------------------------------------------------
+
+TEST_F(Convert, AChainOfFormatsKeepsEveryValue) {
+  struct {
+    char const *from, *to;
+  } const steps[] = {{"", "a.gpkg"}, {"a.gpkg", "b.geojson"}, {"b.geojson", "c.fgb"}, {"c.fgb", "d.gpkg"}};
+  std::string const source = Data("columbus.shp");
+  for (auto const& [from, to] : steps) {
+    auto const result = RunConvert({*from == '\0' ? source : Scratch(from), Scratch(to)});
+    EXPECT_EQ(result.code, 0) << to << "\n" << result.err;
+    EXPECT_EQ(result.err, "") << to;
+    EXPECT_THAT(result.out, HasSubstr("49 rows written to "));
+    auto original = Rows(source), copy = Rows(Scratch(to));
+    Sort(original, "POLYID");
+    Sort(copy, "POLYID");
+    EXPECT_EQ(original, copy) << to;
+  }
+}
+
+TEST_F(Convert, AFormatThatSortsItsRowsLosesNone) {
+  auto const result = RunConvert({Data("cycle_hire.geojson"), Scratch("a.fgb"), "--json"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  auto original = Rows(Data("cycle_hire.geojson")), copy = Rows(Scratch("a.fgb"));
+  EXPECT_NE(original, copy) << "the index sorts them, or this test shows nothing";
+  Sort(original, "id");
+  Sort(copy, "id");
+  EXPECT_EQ(original, copy);
+}
+
+TEST_F(Convert, CsvCarriesGeometryAsText) {
+  EXPECT_EQ(RunConvert({Data("cycle_hire.geojson"), Scratch("a.csv")}).code, 0);
+  EXPECT_THAT(Content("a.csv"), HasSubstr("POINT (-0.109970527 51.52916347)"));
+  auto const result = RunConvert({Scratch("a.csv"), Scratch("b.gpkg"), "--json"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  auto const original = Rows(Data("cycle_hire.geojson")), copy = Rows(Scratch("b.gpkg"));
+  ASSERT_EQ(original.size(), copy.size());
+  for (std::size_t i = 0; i < original.size(); ++i) {
+    EXPECT_EQ(original[i]["geometry"], copy[i]["geometry"]);
+    EXPECT_EQ(original[i]["name"], copy[i]["name"]);
+  }
+}
+
+TEST_F(Convert, TheSummaryIsJson) {
+  auto const result = RunConvert({Data("columbus.shp"), Scratch("a.gpkg"), "--json"});
+  EXPECT_EQ(result.code, 0);
+  auto const summary = json::parse(result.out);
+  EXPECT_EQ(summary["driver"], "GPKG");
+  EXPECT_EQ(summary["rows_read"], 49);
+  EXPECT_EQ(summary["rows_written"], 49);
+  EXPECT_EQ(summary["rows_refused"], 0);
+  EXPECT_EQ(summary["checked"], true);
+  EXPECT_EQ(summary["complete"], true);
+}
+
+TEST_F(Convert, NoProgressUnlessOnATerminal) {
+  EXPECT_THAT(RunConvert({Data("world.gpkg"), Scratch("a.gpkg"), "--select", "name_long,geom"}).err,
+              Not(HasSubstr("\x1b")));
+}
+
+// --- What a format cannot hold ------------------------------------------------------------------------
+
+TEST_F(Convert, NullNumbersAreReported) {
+  auto const result = RunConvert({Data("world.gpkg"), Scratch("a.gpkg"), "--json"});
+  EXPECT_EQ(result.code, 4);
+  auto const summary = json::parse(result.out);
+  EXPECT_EQ(Changes(summary, "pop", "null_as_zero"), 10);
+  EXPECT_EQ(Changes(summary, "gdpPercap", "null_as_zero"), 17);
+  EXPECT_EQ(Changes(summary, "name_long", "null_as_zero"), 0);
+  EXPECT_EQ(summary["complete"], false);
+  EXPECT_THAT(result.err, HasSubstr("note: column \"pop\": 10 values null and written as 0"));
+
+  auto const sorted = RunConvert({Data("world.gpkg"), Scratch("a.fgb"), "--json"});
+  EXPECT_EQ(Changes(json::parse(sorted.out), "pop", "null_as_zero"), 10) << "in any order";
+}
+
+TEST_F(Convert, LongNamesAndTextsInAShapefileAreReported) {
+  std::string const source =
+      Features("in.geojson", {{{"properties", {{"a_very_long_name", std::string(300, 'x')}, {"short", "s"}}},
+                               {"geometry", {{"type", "Point"}, {"coordinates", {1, 2}}}}},
+                              {{"properties", {{"a_very_long_name", "fits"}, {"short", "t"}}},
+                               {"geometry", {{"type", "Point"}, {"coordinates", {3, 4}}}}}});
+  auto const result = RunConvert({source, Scratch("out.shp"), "--json"});
+  EXPECT_EQ(result.code, 4) << result.err;
+  auto const summary = json::parse(result.out);
+  EXPECT_EQ(Changes(summary, "a_very_long_name", "text_cut"), 1);
+  EXPECT_EQ(Changes(summary, "short", "text_cut"), 0);
+  EXPECT_THAT(result.err, HasSubstr("column \"a_very_long_name\": named \"a_very_lon\" there"));
+}
+
+TEST_F(Convert, RoundedCoordinatesAreReported) {
+  std::string const source = Features(
+      "in.geojson",
+      {{{"properties", {{"n", 1}}}, {"geometry", {{"type", "Point"}, {"coordinates", {1.23456789012, 2}}}}}});
+  auto const result = RunConvert({source, Scratch("out.geojsonl"), "--json"});
+  EXPECT_EQ(result.code, 4);
+  auto const summary = json::parse(result.out);
+  EXPECT_EQ(Changes(summary, "OGR_GEOMETRY", "coordinates_rounded"), 1);
+}
+
+TEST_F(Convert, NoCheckDoesNotLook) {
+  auto const result = RunConvert({Data("world.gpkg"), Scratch("a.gpkg"), "--no-check", "--json"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(json::parse(result.out)["checked"], false);
+}
+
+// --- What stands under the target's name --------------------------------------------------------------
+
+TEST_F(Convert, AnExistingTargetIsKeptWithoutOverwrite) {
+  WriteFile("a.gpkg", "precious");
+  auto const result = RunConvert({Data("columbus.shp"), Scratch("a.gpkg")});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr("a.gpkg exists; give another name or --overwrite"));
+  EXPECT_EQ(Content("a.gpkg"), "precious");
+  EXPECT_THAT(Files(), testing::ElementsAre("a.gpkg"));
+}
+
+TEST_F(Convert, AFileOfTheFamilyIsKeptToo) {
+  WriteFile("a.dbf", "precious");
+  auto const result = RunConvert({Data("columbus.shp"), Scratch("a.shp")});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr("a.dbf exists"));
+  EXPECT_EQ(Content("a.dbf"), "precious");
+  EXPECT_THAT(Files(), testing::ElementsAre("a.dbf"));
+}
+
+TEST_F(Convert, OverwriteReplacesTheWholeFamily) {
+  EXPECT_EQ(RunConvert({Data("eire.shp"), Scratch("a.shp"), "--no-check"}).code, 0);
+  WriteFile("a.qix", "an index of the old data");
+  WriteFile("b.txt", "of somebody else");
+  EXPECT_EQ(RunConvert({Data("columbus.shp"), Scratch("a.shp"), "--overwrite"}).code, 0);
+  EXPECT_EQ(Rows(Scratch("a.shp")).size(), 49u);
+  auto const files = Files();
+  EXPECT_EQ(std::count(files.begin(), files.end(), "a.qix"), 0);
+  EXPECT_EQ(std::count(files.begin(), files.end(), "b.txt"), 1);
+  for (auto const& name : files) EXPECT_THAT(name, Not(testing::StartsWith(".quillon")));
+}
+
+TEST_F(Convert, AFailureLeavesTheOldTarget) {
+  WriteFile("a.gpx", "precious");
+  auto const result = RunConvert({Data("columbus.shp"), Scratch("a.gpx"), "--overwrite"});
+  EXPECT_EQ(result.code, 1) << "GPX holds no polygons";
+  EXPECT_EQ(Content("a.gpx"), "precious");
+  EXPECT_THAT(Files(), testing::ElementsAre("a.gpx"));
+}
+
+TEST_F(Convert, TargetsThatCannotBe) {
+  struct {
+    std::vector<std::string> arguments;
+    int code;
+    char const* message;
+  } const cases[] = {
+      {{Data("columbus.shp"), Scratch("a.unknown")}, 2, "does not tell a format"},
+      {{Data("columbus.shp"), Scratch("a.gpkg"), "--format", "NoSuchDriver"}, 1, "NoSuchDriver"},
+      {{Data("columbus.shp"), Scratch("missing/a.gpkg")}, 1, "missing does not exist; create it first"},
+      {{Data("columbus.shp"), Data("columbus.shp"), "--overwrite"}, 2, "is the source itself"},
+      {{Data("columbus.shp"), Scratch("a.gpkg"), "--where", "POLYID >"}, 2, "does not parse"},
+      {{Data("columbus.shp"), Scratch("a.gpkg"), "--table", "x"}, 1, "has no table \"x\""},
+  };
+  for (auto const& [arguments, code, message] : cases) {
+    auto const result = RunConvert(arguments);
+    EXPECT_EQ(result.code, code) << result.err;
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr(message));
+    EXPECT_TRUE(Files().empty()) << message;
+  }
+}
+
+// Enough rows that a conversion takes its time.
+std::string ManyFeatures(int count) {
+  std::string lines;
+  for (int i = 0; i < count; ++i) {
+    lines += "{\"type\":\"Feature\",\"properties\":{\"n\":" + std::to_string(i) +
+             ",\"t\":\"some text to carry\"},\"geometry\":{\"type\":\"Point\",\"coordinates\":[" +
+             std::to_string(i % 180) + ".5,1]}}\n";
+  }
+  return lines;
+}
+
+TEST_F(Convert, AnInterruptedConversionLeavesNothing) {
+  WriteFile("in.geojsonl", ManyFeatures(100000));
+  std::string const in = Quoted(Scratch("in.geojsonl")), out = Quoted(Scratch("out.gpkg"));
+  auto const result =
+      RunShell("cd " + Quoted(scratch_.Path().string()) + "; \"$QUILLON\" convert " + in + " " + out +
+               " & pid=$!; while ! ls -d .quillon-*/out.gpkg >/dev/null 2>&1; do sleep 0.01; done; "
+               "kill -TERM $pid; wait $pid");
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr("interrupted; "));
+  EXPECT_THAT(Files(), testing::ElementsAre("in.geojsonl"));
+}
+
+// A limit on the size of files acts as a full disk does.
+TEST_F(Convert, AFullDiskLeavesNothing) {
+  WriteFile("in.geojsonl", ManyFeatures(20000));
+  for (std::string const target : {"out.gpkg", "out.geojson", "out.shp", "out.fgb", "out.csv"}) {
+    auto const result = RunShell("trap '' XFSZ; ulimit -f 200; exec \"$QUILLON\" convert " +
+                                 Quoted(Scratch("in.geojsonl")) + " " + Quoted(Scratch(target)));
+    EXPECT_EQ(result.code, 1) << target << ": " << result.err << result.out;
+    EXPECT_NE(result.err, "") << target;
+    EXPECT_THAT(Files(), testing::ElementsAre("in.geojsonl")) << target;
+  }
+}
+
+}  // namespace
+}  // namespace fdo::tool

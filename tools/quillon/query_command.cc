@@ -1,0 +1,132 @@
+#include <CLI/CLI.hpp>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "tools/quillon/command.h"
+#include "tools/quillon/coordinate_system_name.h"
+#include "tools/quillon/messages.h"
+#include "tools/quillon/open_source.h"
+#include "tools/quillon/row_writer.h"
+#include "tools/quillon/selection.h"
+#include "tools/quillon/utf8.h"
+
+namespace fdo::tool {
+
+char const kQueryDetails[] =
+    "Filters are FDO's: column op value with = <> > >= < <= and LIKE, IN (...), column NULL, spatial\n"
+    "conditions, joined by AND, OR, NOT; text stands in 'single quotes', odd names in \"double quotes\".\n"
+    "\n"
+    "Formats:\n"
+    "  table     aligned columns to read; long cells end with \xe2\x80\xa6\n"
+    "  csv       RFC 4180, geometry as WKT; a null is empty, an empty text is \"\"\n"
+    "  json      an array of objects, geometry as GeoJSON\n"
+    "  geojson   a FeatureCollection; coordinates stay in the source's coordinate system\n"
+    "  geojsonl  one feature per line, without a record separator\n"
+    "GeoJSON keeps Z and drops M; arcs become line segments that stay within a ten-thousandth of the arc's\n"
+    "radius. Bytes are hexadecimal digits.\n"
+    "\n"
+    "  quillon query world.gpkg --where \"continent = 'Africa' and pop > 5e7\" --select name_long,pop\n"
+    "  quillon query world.gpkg --bbox -10,35,5,45 -f geojson > iberia.geojson\n"
+    "  quillon query world.gpkg --id 12 --json";
+
+namespace {
+
+struct QueryOptions {
+  std::string source;
+  Selection selection;
+  std::optional<std::int64_t> id;
+  std::optional<std::int64_t> limit;
+  std::string format = "table";
+  bool json = false;
+};
+
+RowFormat const& FindFormat(std::string const& name) {
+  for (RowFormat const& format : kRowFormats) {
+    if (format.name == name) return format;
+  }
+  throw Usage("unknown format " + name);  // the command line lets no other name through
+}
+
+std::set<std::string> FormatNames() {
+  std::set<std::string> names;
+  for (RowFormat const& format : kRowFormats) names.insert(format.name);
+  return names;
+}
+
+// GeoJSON is meant to be longitude and latitude on WGS 84, and its readers take it as that.
+void NoteOtherSystem(RowFormat const& format, BoundSelection const& bound, TableDef const& def,
+                     Console& console) {
+  if (std::string_view(format.name).rfind("geojson", 0) != 0 || !def.HasGeom()) return;
+  bool const writesGeometry =
+      std::find(bound.columns.begin(), bound.columns.end(), def.IndexOfGeom()) != bound.columns.end();
+  std::wstring const system = CoordinateSystemName(def);
+  if (!writesGeometry || system.empty() || system.rfind(L"WGS 84", 0) == 0) return;
+  console.Note(CoordinatesAsTheyAre(Utf8(system)));
+}
+
+Row const* FirstRow(Table& table, QueryOptions const& options, BoundSelection const& bound) {
+  if (!options.id) {
+    bound.Query(table);
+    return table.Next();
+  }
+  bound.Restrict(table);
+  Row const* const row = table.Query(static_cast<__int64>(*options.id));
+  if (row == nullptr) throw NoSuchRow(Utf8(table.Def()->Name()), *options.id);
+  return row;
+}
+
+ExitCode Query(QueryOptions const& options, Session& session) {
+  Source source = OpenSource(options.source);
+  session.ForgiveDiagnostics();
+  Table& table = FindTable(source, options.selection.table);
+  BoundSelection const bound = Bind(options.selection, *table.Def());
+  RowFormat const& format = FindFormat(options.json ? "json" : options.format);
+  NoteOtherSystem(format, bound, *table.Def(), session.console);
+
+  auto const writer = format.make(session.output, *table.Def(), bound.columns);
+  std::int64_t const limit = options.limit.value_or(std::numeric_limits<std::int64_t>::max());
+  std::int64_t rows = 0;
+  Row const* row = limit > 0 ? FirstRow(table, options, bound) : nullptr;
+  if (row == nullptr && session.ShowDiagnostics()) throw QueryFailed(source.name);
+  writer->Begin();
+  while (row != nullptr) {
+    writer->Write(*row);
+    ++rows;
+    row = options.id || rows == limit ? nullptr : table.Next();
+  }
+  table.EndQuery();
+  writer->End();
+  session.output.Flush();
+  std::string const readError = ReadError(source);
+  if (session.ShowDiagnostics() || !readError.empty()) throw RowsMissing(source.name, readError);
+  return ExitCode::kDone;
+}
+
+}  // namespace
+
+Action DefineQuery(CLI::App& app) {
+  auto const options = std::make_shared<QueryOptions>();
+  app.add_option("SOURCE", options->source, "What to read")->required();
+  options->selection.DefineTable(app);
+  options->selection.DefineColumns(app);
+  CLI::Option* const where = options->selection.DefineWhere(app);
+  CLI::Option* const box = options->selection.DefineBox(app);
+  app.add_option("--id", options->id, "Only the row with that id")
+      ->excludes(where)
+      ->excludes(box)
+      ->type_name("ID");
+  app.add_option("--limit", options->limit, "At most that many rows")
+      ->check(CLI::NonNegativeNumber)
+      ->type_name("N");
+  CLI::Option* const format =
+      app.add_option("-f,--format", options->format, "How to print the rows (default: table)")
+          ->check(CLI::IsMember(FormatNames()))
+          ->type_name("FORMAT");
+  app.add_flag("--json", options->json, "The same as -f json")->excludes(format);
+  return [options](Session& session) { return Query(*options, session); };
+}
+
+}  // namespace fdo::tool

@@ -1,0 +1,95 @@
+#include "tools/quillon/target_definition.h"
+
+#include <algorithm>
+#include <cwctype>
+
+#include "tools/quillon/utf8.h"
+
+namespace fdo::tool {
+
+namespace {
+
+constexpr wchar_t const* kTextGeometryDrivers[] = {L"CSV", L"ODS", L"XLSX"};
+
+bool SameName(std::wstring const& left, std::wstring const& right) {
+  auto const lower = [](wchar_t unit) { return std::towlower(static_cast<std::wint_t>(unit)); };
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [&](wchar_t a, wchar_t b) { return lower(a) == lower(b); });
+}
+
+// The columns of a target that are neither its identity nor its geometry.
+std::vector<int> Fields(TableDef const& target) {
+  std::vector<int> fields;
+  for (int i = 0; i < target.ColumnCount(); ++i) {
+    if (i != target.IndexOfID() && i != target.IndexOfGeom()) fields.push_back(i);
+  }
+  return fields;
+}
+
+}  // namespace
+
+bool KeepsGeometryAsText(std::wstring const& driver) {
+  return std::any_of(std::begin(kTextGeometryDrivers), std::end(kTextGeometryDrivers),
+                     [&](wchar_t const* name) { return driver == name; });
+}
+
+std::vector<int> ColumnsToWrite(TableDef const& source, std::vector<int> const& selected,
+                                std::vector<std::string>& left) {
+  std::vector<int> columns;
+  for (int column : selected) {
+    bool const isSecondGeometry =
+        source[column].Type() == ColumnDef::kGeometry && column != source.IndexOfGeom();
+    if (column == source.IndexOfID()) continue;
+    if (source[column].Type() == ColumnDef::kUnset || isSecondGeometry) {
+      left.push_back(Utf8(source[column].Name()));
+    } else {
+      columns.push_back(column);
+    }
+  }
+  return columns;
+}
+
+void DefineTarget(TableDef const& source, std::vector<int> const& columns, std::wstring const& driver,
+                  std::wstring const& tableName, DatabaseDef& target) {
+  std::vector<ColumnDef> copies;
+  int geometry = -1;
+  bool const geometryAsText = KeepsGeometryAsText(driver);
+  for (int column : columns) {
+    bool const isGeometry = column == source.IndexOfGeom();
+    ColumnDef& copy = copies.emplace_back();
+    if (isGeometry && geometryAsText) {
+      copy.Initialize(kGeometryTextColumn, ColumnDef::kString, 0, Value(), nullptr);
+    } else {
+      copy.CopyFrom(source[column]);
+    }
+    if (isGeometry && !geometryAsText) geometry = static_cast<int>(copies.size()) - 1;
+  }
+  auto* const tables = new TableDef[1];
+  target.Initialize(L"", tables, 1);  // owns the tables from here on
+  tables[0].Initialize(L"", tableName.c_str(), copies.data(), static_cast<int>(copies.size()), -1, geometry,
+                       0);
+}
+
+std::vector<int> MatchColumns(TableDef const& source, std::vector<int> const& columns,
+                              TableDef const& target) {
+  auto const fields = Fields(target);
+  auto const isField = [&](int column) { return column != source.IndexOfGeom(); };
+  bool const sameNumber =
+      std::count_if(columns.begin(), columns.end(), isField) == static_cast<std::ptrdiff_t>(fields.size());
+  std::vector<int> matches;
+  std::size_t next = 0;
+  for (int column : columns) {
+    if (!isField(column)) {
+      matches.push_back(target.IndexOfGeom());
+      continue;
+    }
+    int match = sameNumber ? fields[next++] : -1;
+    for (std::size_t i = 0; i < fields.size() && match < 0; ++i) {
+      if (SameName(source[column].Name(), target[fields[i]].Name())) match = fields[i];
+    }
+    matches.push_back(match);
+  }
+  return matches;
+}
+
+}  // namespace fdo::tool
