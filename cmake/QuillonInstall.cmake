@@ -26,3 +26,18 @@ install(FILES "${PROJECT_BINARY_DIR}/QuillonConfig.cmake" "${PROJECT_BINARY_DIR}
 file(RELATIVE_PATH prefix_from_pc "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/quillon.pc.in" "${PROJECT_BINARY_DIR}/quillon.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/quillon.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# An installed copy is used as a program of somebody else would use it; sanitizers would want that
+# program built with them, too.
+if(QUILLON_BUILD_TESTS AND QUILLON_BUILD_EXAMPLES AND NOT QUILLON_SANITIZE AND NOT QUILLON_COVERAGE)
+  add_test(NAME installed_package
+    COMMAND ${CMAKE_COMMAND}
+      -DBUILD_DIR=${PROJECT_BINARY_DIR}
+      -DEXAMPLES_DIR=${PROJECT_SOURCE_DIR}/examples
+      -DWORK_DIR=${PROJECT_BINARY_DIR}/installed-package
+      -DLIBDIR=${CMAKE_INSTALL_LIBDIR}
+      -DCXX=${CMAKE_CXX_COMPILER}
+      -DINPUT=${QUILLON_TEST_DATA}/world.gpkg
+      -P ${PROJECT_SOURCE_DIR}/cmake/check_install.cmake)
+  set_tests_properties(installed_package PROPERTIES TIMEOUT 300)
+endif()
