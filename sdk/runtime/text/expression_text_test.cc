@@ -181,6 +181,8 @@ TEST(ExpressionText, Functions) {
       {L"\"my f\"(a)", "call my f(name a)", L"\"my f\"(a)"},
       {L"\"Contains\"(a)", "call Contains(name a)", L"\"Contains\"(a)"},
       {L"blob(a)", "call blob(name a)", L"blob(a)"},
+      {L"s:f(a)", "call s:f(name a)", L"s:f(a)"},
+      {L"\"a.b\".f()", "call \"a.b\".f()", L"\"a.b\".f()"},
   };
   for (Row const& row : kRows) ExpectRow(row);
 }

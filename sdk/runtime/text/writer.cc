@@ -312,8 +312,7 @@ void Writer::ProcessUnaryExpression(FdoUnaryExpression& expr) {
 }
 
 void Writer::ProcessFunction(FdoFunction& expr) {
-  std::wstring const name = expr.GetName();
-  Text(IsPlainName(name) ? name : Quoted(name, L'"'));
+  Text(WriteIdentifier(SplitIdentifier(expr.GetName())));
   Enter(L"(");
   FdoPtr<FdoExpressionCollection> arguments = expr.GetArguments();
   for (FdoInt32 i = 0; i < arguments->GetCount(); ++i) {
