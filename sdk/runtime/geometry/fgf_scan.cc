@@ -42,6 +42,7 @@ struct ScanSink : BoxSink {
 }  // namespace
 
 void ExpandBox(FgfBox& box, PositionSpan const& positions) {
+  if (positions.count == 0) return;  // there may be no bytes either
   switch (OrdinateCount(positions.dimensionality)) {
     case 2:
       ExpandXy<2>(box, positions.data, positions.count);
