@@ -4,6 +4,7 @@
 
 #include "geometry/fgf_walk.h"
 #include "geometry/invalid_stream.h"
+#include "geometry/plain_geometry.h"
 #include "port/double_pair.h"
 #include "port/inlining.h"
 
@@ -77,6 +78,27 @@ class BoxSink : public PassingSink {
   Bounds bounds_{port::BothOf(kInfinity), port::BothOf(-kInfinity)};
 };
 
+// Null, and no box, unless there is a single run of positions with a number on both axes.
+QUILLON_ALWAYS_INLINE unsigned char const* BoxOfSingleRun(unsigned char const* begin,
+                                                          unsigned char const* end, double box[4]) {
+  if (IsPlainPoint(begin, end)) {
+    unsigned char const* const position = begin + kSingleHeadBytes;
+    DoublePair const pair = LoadPair(position);
+    if (!port::Same(pair, pair)) return nullptr;
+    port::StorePair(box, pair);
+    port::StorePair(box + 2, pair);
+    return position + sizeof(pair);
+  }
+  FgfPositions const run = SingleRun(begin, end);
+  if (run.count == 0) return nullptr;
+  Bounds bounds{port::BothOf(kInfinity), port::BothOf(-kInfinity)};
+  Widen(bounds, run);
+  if (!port::NoneGreater(bounds.min, bounds.max)) return nullptr;
+  port::StorePair(box, bounds.min);
+  port::StorePair(box + 2, bounds.max);
+  return run.bytes + std::size_t(run.count) * PositionBytes(run.ordinates);
+}
+
 struct HeadSink : PassingSink {
   bool BeginGeometry(FgfGeometry const& outermost) {
     head = outermost;
@@ -97,9 +119,9 @@ bool StartsAtFirstPosition(unsigned char const* begin, unsigned char const* end)
          (head.type == kFgfPolygon && head.count == 1);
 }
 
-}  // namespace
-
-unsigned char const* FgfBox(unsigned char const* begin, unsigned char const* end, double box[4]) {
+// A function of its own, so that the short way does not set up its frame.
+QUILLON_NEVER_INLINE unsigned char const* WalkedBox(unsigned char const* begin, unsigned char const* end,
+                                                    double box[4]) {
   StreamCursor in(begin, end);
   FgfNesting nesting;
   BoxSink sink;
@@ -123,6 +145,13 @@ unsigned char const* FgfBox(unsigned char const* begin, unsigned char const* end
     }
   }
   return in.At();
+}
+
+}  // namespace
+
+unsigned char const* FgfBox(unsigned char const* begin, unsigned char const* end, double box[4]) {
+  unsigned char const* const after = BoxOfSingleRun(begin, end, box);
+  return after != nullptr ? after : WalkedBox(begin, end, box);
 }
 
 }  // namespace fdo

@@ -1,6 +1,7 @@
 #include <fdo/geometry_stream.h>
 
 #include "geometry/invalid_stream.h"
+#include "geometry/plain_geometry.h"
 #include "geometry/stream_writer.h"
 #include "geometry/wkb_cursor.h"
 
@@ -223,13 +224,36 @@ class WkbToFgfConversion {
   StreamWriter out_;
 };
 
-}  // namespace
+// 0 for anything but a sound point, line string or polygon of the older form.
+QUILLON_ALWAYS_INLINE std::size_t PlainToFgf(unsigned char const* wkb, std::size_t length,
+                                             unsigned char* out) {
+  if (length < kWkbHeaderBytes) return 0;
+  auto const word = Load<std::uint32_t>(wkb + 1);
+  std::uint32_t const type = word & ~kWkbZBit;
+  if (!IsPointLineOrPolygon(type)) return 0;
+  bool const hasZ = (word & kWkbZBit) != 0;
+  unsigned char const* const body = wkb + kWkbHeaderBytes;
+  unsigned char const* const end = EndOfPlainBody(type, PositionBytes(hasZ ? 3 : 2), body, wkb + length);
+  if (end == nullptr) return 0;
+  Store(out, type);
+  Store(out + sizeof(type), std::int32_t{hasZ ? kDimensionalityZ : 0});
+  return kSingleHeadBytes + CopyPlainBody(out + kSingleHeadBytes, body, end);
+}
 
-std::size_t WkbToFgf(unsigned char const* wkb, std::size_t length, unsigned char* out) {
+// A function of its own, so that the short way does not set up its frame.
+QUILLON_NEVER_INLINE std::size_t WalkedToFgf(unsigned char const* wkb, std::size_t length,
+                                             unsigned char* out) {
   WkbToFgfConversion<WkbForm::kOlder> conversion(wkb, length, out);
   std::size_t const written = conversion.Run();
   if (conversion.Failed()) ThrowInvalidStream();
   return written;
+}
+
+}  // namespace
+
+std::size_t WkbToFgf(unsigned char const* wkb, std::size_t length, unsigned char* out) {
+  std::size_t const written = PlainToFgf(wkb, length, out);
+  return written != 0 ? written : WalkedToFgf(wkb, length, out);
 }
 
 std::size_t IsoWkbToFgf(unsigned char const* wkb, std::size_t length, unsigned char* out) noexcept {

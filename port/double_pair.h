@@ -31,6 +31,10 @@ inline DoublePair Higher(DoublePair value, DoublePair bound) { return _mm_max_pd
 inline bool Same(DoublePair left, DoublePair right) {
   return _mm_movemask_pd(_mm_cmpeq_pd(left, right)) == 3;
 }
+// Whether each of the left is a number not above that of the right.
+inline bool NoneGreater(DoublePair left, DoublePair right) {
+  return _mm_movemask_pd(_mm_cmple_pd(left, right)) == 3;
+}
 
 #else
 
@@ -59,6 +63,9 @@ inline DoublePair Higher(DoublePair value, DoublePair bound) {
 
 inline bool Same(DoublePair left, DoublePair right) {
   return left.first == right.first && left.second == right.second;
+}
+inline bool NoneGreater(DoublePair left, DoublePair right) {
+  return left.first <= right.first && left.second <= right.second;
 }
 
 #endif
