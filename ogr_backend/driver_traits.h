@@ -14,20 +14,34 @@ struct DriverTraits {
   bool runsOwnSql;
   // A layer reports that it holds M ordinates, but they do not reach the file.
   bool losesM;
-  // A row without a geometry is left out of the file, and reported as written.
+  // A row without a geometry, or with an empty one, is left out of the file, and reported as written.
   bool losesRowsWithoutGeometry;
+  // Empty parts of a geometry are left out, or take the whole of it with them.
+  bool losesEmptyParts;
+  // All geometries of a layer are written with the ordinates of its type: Z and M are dropped, or made
+  // up, where a geometry has others.
+  bool oneDimensionality;
+  // The first row decides the type of a layer that was created without one.
+  bool firstRowDecides;
+  // Real numbers have a field of 24 characters; of a longer one the last digits are left out, which makes
+  // it another number.
+  bool cutsHugeNumbers;
   // Once a scan has reached the end, the count of a layer without conditions is 0.
   bool losesCount;
 };
 
 inline constexpr DriverTraits kDriverTraits[] = {
-    // name          runsOwnSql  losesM  losesRowsWithoutGeometry  losesCount
-    {"CSV", false, false, false, true},        {"FlatGeobuf", false, false, true, false},
-    {"GPKG", true, false, false, false},       {"GeoJSON", false, true, false, false},
-    {"GeoJSONSeq", false, true, false, false}, {"PostgreSQL", true, false, false, false},
-    {"SQLite", true, false, false, false},
+    // name             ownSql losesM noGeom emptyParts oneDim firstRow cuts losesCount
+    {"CSV", false, false, false, false, false, false, false, true},
+    {"ESRI Shapefile", false, false, false, true, true, true, true, false},
+    {"FlatGeobuf", false, false, true, true, true, false, false, false},
+    {"GPKG", true, false, false, false, false, false, false, false},
+    {"GeoJSON", false, true, false, true, false, false, false, false},
+    {"GeoJSONSeq", false, true, false, true, false, false, false, false},
+    {"PostgreSQL", true, false, false, false, false, false, false, false},
+    {"SQLite", true, false, false, false, false, false, false, false},
 };
-inline constexpr DriverTraits kOtherDrivers = {"", false, false, false, false};
+inline constexpr DriverTraits kOtherDrivers = {"", false, false, false, false, false, false, false, false};
 
 inline DriverTraits const& TraitsOf(char const* driver) {
   for (DriverTraits const& traits : kDriverTraits) {

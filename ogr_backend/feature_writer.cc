@@ -3,41 +3,38 @@
 #include <fdo/geometry_stream.h>
 #include <fdo/text_conversion.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cwchar>
 #include <limits>
 
 #include "ogr_backend/column_types.h"
+#include "ogr_backend/geometry_needs.h"
 #include "values/date_text.h"
 
 namespace fdo::internal {
 namespace {
 
-// Finds out what a geometry asks of the format that it is written to.
-class GeometryNeeds : public FgfVisitor {
+// The type of a layer: ISO's thousands tell Z and M, and so does the older bit for Z.
+class GeometryType {
  public:
-  bool BeginGeometry(FgfGeometry const& geometry) override {
-    constexpr std::int32_t kFirstCurve = 10;
-    constexpr int kHasM = 2;
-    curves_ = curves_ || geometry.type >= kFirstCurve;
-    m_ = m_ || (geometry.dimensionality >= 0 && (geometry.dimensionality & kHasM) != 0);
-    return true;
-  }
-  bool Curves() const { return curves_; }
-  bool M() const { return m_; }
+  explicit GeometryType(unsigned code) : old25D_((code & 0x80000000u) != 0), code_(code & 0x7FFFFFFFu) {}
+
+  unsigned Flat() const { return code_ % 1000; }
+  bool HasZ() const { return old25D_ || code_ / 1000 % 2 == 1; }
+  bool HasM() const { return code_ / 1000 >= 2; }
 
  private:
-  bool curves_ = false;
-  bool m_ = false;
+  bool old25D_;
+  unsigned code_;
 };
 
 }  // namespace
 
 FeatureWriter::FeatureWriter(GdalApi const& gdal, DriverTraits const& traits, OgrLayerH layer,
                              TableDef const& def)
-    : gdal_(gdal), layer_(layer), def_(def) {
+    : gdal_(gdal), layer_(layer), def_(def), traits_(traits) {
   holdsGeometry_ = gdal_.OGR_FD_GetGeomType(gdal_.OGR_L_GetLayerDefn(layer)) != kWkbNone;
-  requiresGeometry_ = holdsGeometry_ && traits.losesRowsWithoutGeometry;
   holdsCurves_ = gdal_.OGR_L_TestCapability(layer, "CurveGeometries") != 0;
   holdsM_ = gdal_.OGR_L_TestCapability(layer, "MeasuredGeometries") != 0 && !traits.losesM;
 }
@@ -50,17 +47,64 @@ OgrFeatureH FeatureWriter::Write(Row const& row, std::string& refusal) {
     return nullptr;
   }
   for (int column = kFirstField; column < def_.ColumnCount(); ++column) {
+    constexpr double kTooLong = 1e24;
+    bool const isCut = traits_.cutsHugeNumbers && def_[column].Type() == ColumnDef::kDouble &&
+                       !(std::abs(static_cast<double>(row[column])) < kTooLong);
+    if (isCut) {
+      refusal = std::string("the field \"") + def_[column].NameUTF8() + "\" does not hold so large a number";
+      gdal_.OGR_F_Destroy(feature);
+      return nullptr;
+    }
     WriteField(feature, column - kFirstField, def_[column].Type(), row[column]);
   }
   return feature;
+}
+
+// Whether the first row is to decide the type of the layer.
+bool FeatureWriter::IsUndecided() const {
+  return traits_.firstRowDecides &&
+         GeometryType(gdal_.OGR_FD_GetGeomType(gdal_.OGR_L_GetLayerDefn(layer_))).Flat() == kWkbUnknown;
+}
+
+// Why the layer would not keep a row whose geometry is absent or empty; null when it would.
+char const* FeatureWriter::RefusalWithoutGeometry() const {
+  if (!holdsGeometry_) return nullptr;
+  if (traits_.losesRowsWithoutGeometry) return "the format keeps no row without a geometry";
+  // It would make a layer that takes no geometry at all.
+  return IsUndecided() ? "the first row decides the type of the layer, and it has no geometry" : nullptr;
+}
+
+// Why the layer would not give the geometry back; null when it would.
+// Requires: the stream is a sound one, which has become WKB.
+char const* FeatureWriter::RefusalOf(unsigned char const* fgf, std::size_t length) const {
+  bool const holdsAll = holdsCurves_ && holdsM_ && !traits_.losesRowsWithoutGeometry &&
+                        !traits_.losesEmptyParts && !traits_.oneDimensionality;
+  if (holdsAll) return nullptr;
+  GeometryNeeds needs;
+  VisitFgf(fgf, fgf + length, needs);
+  if (needs.IsEmpty()) {
+    if (char const* const reason = RefusalWithoutGeometry()) return reason;
+  }
+  if (needs.Curves() && !holdsCurves_) return "the format holds no curves";
+  if (needs.M() && !holdsM_) return "the format holds no M ordinates";
+  if (needs.HasEmptyParts() && traits_.losesEmptyParts)
+    return "the format holds no empty parts of geometries";
+  if (!traits_.oneDimensionality || needs.IsEmpty()) return nullptr;
+  if (IsUndecided()) return nullptr;
+  GeometryType const type(gdal_.OGR_FD_GetGeomType(gdal_.OGR_L_GetLayerDefn(layer_)));
+  if (type.HasZ() != needs.Z())
+    return needs.Z() ? "the layer holds no Z ordinates" : "the layer wants Z ordinates";
+  if (type.HasM() != needs.M())
+    return needs.M() ? "the layer holds no M ordinates" : "the layer wants M ordinates";
+  return nullptr;
 }
 
 bool FeatureWriter::WriteGeometry(OgrFeatureH feature, Value const& cell, std::string& refusal) {
   unsigned char const* const fgf = cell.AsBlob();
   int const fgfLength = fgf == nullptr ? 0 : cell.BlobLen();
   if (fgfLength <= 0) {
-    if (requiresGeometry_) refusal = "the format keeps no row without a geometry";
-    return !requiresGeometry_;
+    if (char const* const reason = RefusalWithoutGeometry()) refusal = reason;
+    return refusal.empty();
   }
   if (!holdsGeometry_) {
     refusal = "the layer holds no geometries";
@@ -73,13 +117,9 @@ bool FeatureWriter::WriteGeometry(OgrFeatureH feature, Value const& cell, std::s
     refusal = "the geometry cannot be written as WKB";
     return false;
   }
-  if (!holdsCurves_ || !holdsM_) {
-    // The stream is a sound one, or it would not have become WKB.
-    GeometryNeeds needs;
-    VisitFgf(fgf, fgf + fgfBytes, needs);
-    if (needs.Curves() && !holdsCurves_) refusal = "the format holds no curves";
-    if (needs.M() && !holdsM_) refusal = "the format holds no M ordinates";
-    if (!refusal.empty()) return false;
+  if (char const* const reason = RefusalOf(fgf, fgfBytes)) {
+    refusal = reason;
+    return false;
   }
   OgrGeometryH geometry = nullptr;
   int const error = gdal_.OGR_G_CreateFromWkb(wkb, gdal_.OGR_L_GetSpatialRef(layer_), &geometry,

@@ -5,6 +5,7 @@
 #include <fdo/row.h>
 #include <fdo/schema.h>
 
+#include <cstddef>
 #include <string>
 
 #include "ogr_backend/driver_traits.h"
@@ -34,12 +35,15 @@ class FeatureWriter {
 
   // Gives: a feature, to be destroyed by the caller.
   // Errors: null for a geometry that the layer would not give back as it is: a broken stream, a curve or
-  // an M ordinate that the format does not hold, or none at all where the format then drops the row.
-  // refusal, in UTF-8, then says which.
+  // an ordinate that the format or the layer does not hold, an empty part that the format drops, or none
+  // at all where the format then drops the row. refusal, in UTF-8, then says which.
   // Requires: row has the columns of def.
   OgrFeatureH Write(Row const& row, std::string& refusal);
 
  private:
+  bool IsUndecided() const;
+  char const* RefusalWithoutGeometry() const;
+  char const* RefusalOf(unsigned char const* fgf, std::size_t length) const;
   bool WriteGeometry(OgrFeatureH feature, Value const& cell, std::string& refusal);
   void WriteField(OgrFeatureH feature, int field, ColumnDef::DataType type, Value const& cell);
   void WriteText(OgrFeatureH feature, int field, Value const& cell);
@@ -48,8 +52,8 @@ class FeatureWriter {
   GdalApi const& gdal_;
   OgrLayerH layer_;
   TableDef const& def_;
+  DriverTraits const& traits_;
   bool holdsGeometry_;
-  bool requiresGeometry_;
   bool holdsCurves_;
   bool holdsM_;
   CellBuffer wkb_;

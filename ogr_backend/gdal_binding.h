@@ -37,6 +37,10 @@ inline constexpr std::int64_t kOgrNullFid = -1;
 
 inline constexpr unsigned kWkbUnknown = 0;
 inline constexpr unsigned kWkbNone = 100;
+// Added to the type of a layer for the ordinates beyond X and Y.
+inline constexpr unsigned kWkbZ = 0x80000000u;
+inline constexpr unsigned kWkbM = 2000;
+inline constexpr unsigned kWkbZM = 3000;
 inline constexpr int kWkbLittleEndian = 1;
 
 enum OgrFieldType : int {

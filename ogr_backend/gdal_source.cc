@@ -55,6 +55,14 @@ bool GdalSource::Close(std::string& error) {
   return !scope.Failed();
 }
 
+bool GdalSource::FitTo(bool z, bool m) {
+  Remake const remake = std::exchange(remake_, nullptr);
+  if (!z && !m) return true;
+  gdal_.GDALClose(dataset_);
+  dataset_ = remake(z, m);
+  return dataset_ != nullptr;
+}
+
 void GdalSource::BeginBatch() {
   if (++openBatches_ > 1 || readOnly_) return;
   if (gdal_.GDALDatasetTestCapability(dataset_, "Transactions") == 0) return;

@@ -2,8 +2,10 @@
 #ifndef OGR_BACKEND_GDAL_SOURCE_H_
 #define OGR_BACKEND_GDAL_SOURCE_H_
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "ogr_backend/driver_traits.h"
 #include "ogr_backend/gdal_binding.h"
@@ -42,6 +44,16 @@ class GdalSource {
   // Whether it was created, not opened; such a source cannot be opened a second time until it is closed.
   bool Created() const { return created_; }
 
+  // Makes the new source anew, for geometries with those ordinates; null when that fails.
+  using Remake = std::function<GdalDatasetH(bool z, bool m)>;
+  // For a new source whose layers hold one dimensionality, which is that of the first row.
+  void AwaitFirstRow(Remake remake) { remake_ = std::move(remake); }
+  bool AwaitsFirstRow() const { return remake_ != nullptr; }
+  // Makes the source anew if it has to be, which ends the life of its layers.
+  // Errors: false; the source is then closed, and writing fails.
+  // Requires: AwaitsFirstRow()
+  bool FitTo(bool z, bool m);
+
   // Bracket a run of writes in one transaction, where the format has transactions. Brackets of several
   // tables may overlap: the transaction ends with the last of them.
   void BeginBatch();
@@ -59,6 +71,7 @@ class GdalSource {
   bool created_;
   int openBatches_ = 0;
   bool inTransaction_ = false;
+  Remake remake_;
 };
 
 }  // namespace fdo::internal

@@ -13,22 +13,117 @@ struct OgrFormat {
   bool nullText;         // null text is not empty text
   bool emptyText;        // empty text is not null text
   bool times;            // a date-time keeps its time
-  bool nullGeometry;     // rows without a geometry are kept
+  bool nullGeometry;     // rows without a geometry, or with an empty one, are kept
+  bool emptyParts;       // so are empty parts of geometries
+  bool exact;            // a geometry that is not empty reads back byte for byte
+  double precision;      // otherwise its ordinates do, relatively, in any order
   bool m;
   bool curves;
-  bool mixedTypes;  // geometries of several types in one table
-  bool bytes;       // columns of bytes
-  bool ownOrder;    // rows come in the order in which they were written
+  bool mixedTypes;      // geometries of several types in one table
+  bool mixedOrdinates;  // and of several dimensionalities
+  bool bytes;           // columns of bytes
+  bool ownOrder;        // rows come in the order in which they were written
 };
 
+// A shapefile turns the rings of polygons and has one type for one part and for many; CSV has geometry
+// as text of 15 digits.
 inline constexpr OgrFormat kOgrFormats[] = {
-    // name        file            changes nullText emptyText times nullGeom m   curves mixed  bytes order
-    {"Shapefile", "town.shp", true, true, false, false, true, true, false, false, false, true},
-    {"Gpkg", "town.gpkg", true, true, true, true, true, true, true, true, true, true},
-    {"GeoJson", "town.geojson", true, true, true, true, true, false, false, true, false, true},
-    {"FlatGeobuf", "town.fgb", false, true, true, true, false, true, true, true, true, false},
-    {"Csv", "town.csv", false, false, true, true, true, true, true, true, false, true},
-    {"Sqlite", "town.sqlite", true, true, true, true, true, true, true, true, true, true},
+    {.name = "Shapefile",
+     .fileName = "town.shp",
+     .changes = true,
+     .nullText = true,
+     .emptyText = false,
+     .times = false,
+     .nullGeometry = true,
+     .emptyParts = false,
+     .exact = false,
+     .precision = 0,
+     .m = true,
+     .curves = false,
+     .mixedTypes = false,
+     .mixedOrdinates = false,
+     .bytes = false,
+     .ownOrder = true},
+    {.name = "Gpkg",
+     .fileName = "town.gpkg",
+     .changes = true,
+     .nullText = true,
+     .emptyText = true,
+     .times = true,
+     .nullGeometry = true,
+     .emptyParts = true,
+     .exact = true,
+     .precision = 0,
+     .m = true,
+     .curves = true,
+     .mixedTypes = true,
+     .mixedOrdinates = true,
+     .bytes = true,
+     .ownOrder = true},
+    {.name = "GeoJson",
+     .fileName = "town.geojson",
+     .changes = true,
+     .nullText = true,
+     .emptyText = true,
+     .times = true,
+     .nullGeometry = true,
+     .emptyParts = false,
+     .exact = true,
+     .precision = 0,
+     .m = false,
+     .curves = false,
+     .mixedTypes = true,
+     .mixedOrdinates = true,
+     .bytes = false,
+     .ownOrder = true},
+    {.name = "FlatGeobuf",
+     .fileName = "town.fgb",
+     .changes = false,
+     .nullText = true,
+     .emptyText = true,
+     .times = true,
+     .nullGeometry = false,
+     .emptyParts = false,
+     .exact = true,
+     .precision = 0,
+     .m = true,
+     .curves = true,
+     .mixedTypes = true,
+     .mixedOrdinates = false,
+     .bytes = true,
+     .ownOrder = false},
+    {.name = "Csv",
+     .fileName = "town.csv",
+     .changes = false,
+     .nullText = false,
+     .emptyText = true,
+     .times = true,
+     .nullGeometry = true,
+     .emptyParts = true,
+     .exact = false,
+     .precision = 1e-14,
+     .m = true,
+     .curves = true,
+     .mixedTypes = true,
+     .mixedOrdinates = true,
+     .bytes = false,
+     .ownOrder = true},
+    {.name = "Sqlite",
+     .fileName = "town.sqlite",
+     .changes = true,
+     .nullText = true,
+     .emptyText = true,
+     .times = true,
+     .nullGeometry = true,
+     .emptyParts = true,
+     .exact = true,
+     .precision = 0,
+     .m = true,
+     .curves = true,
+     .mixedTypes = true,
+     .mixedOrdinates = true,
+     .bytes = true,
+     .ownOrder = true},
 };
 
 inline std::ostream& operator<<(std::ostream& out, OgrFormat const& format) { return out << format.name; }

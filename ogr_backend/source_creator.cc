@@ -96,19 +96,25 @@ std::string OwnName(TableDef const& table, int column, char const* shownName) {
 
 class LayerCreator {
  public:
-  LayerCreator(GdalApi const& gdal, GdalDatasetH dataset, char const* driver)
-      : gdal_(gdal), dataset_(dataset), driver_(driver) {}
+  // ordinates: kWkbZ, kWkbM or kWkbZM where the layers are to hold more than X and Y.
+  LayerCreator(GdalApi const& gdal, GdalDatasetH dataset, char const* driver, unsigned ordinates)
+      : gdal_(gdal), dataset_(dataset), driver_(driver), ordinates_(ordinates) {}
 
   // Errors: false; error says why, or is left empty when GDAL said it.
   bool Create(TableDef const& table, std::string& error) {
     if (!CheckColumns(table, error)) return false;
+    if (!table.HasGeom() && TraitsOf(driver_).losesRowsWithoutGeometry) {
+      error = std::string(driver_) + " keeps no rows without a geometry, and " + ToUtf8(table.Name()) +
+              " has no geometry column";
+      return false;
+    }
     std::vector<std::string> const options = Options(table);
     std::vector<char const*> optionTexts;
     for (std::string const& option : options) optionTexts.push_back(option.c_str());
     optionTexts.push_back(nullptr);
     OgrSpatialReferenceH const srs = MakeSrs(table);
     // Which of the point types, say, the rows have is not known before they come.
-    unsigned const geometryType = table.HasGeom() ? kWkbUnknown : kWkbNone;
+    unsigned const geometryType = table.HasGeom() ? kWkbUnknown + ordinates_ : kWkbNone;
     OgrLayerH const layer = gdal_.GDALDatasetCreateLayer(dataset_, ToUtf8(table.Name()).c_str(), srs,
                                                          geometryType, optionTexts.data());
     if (srs != nullptr) gdal_.OSRRelease(srs);
@@ -179,7 +185,37 @@ class LayerCreator {
   GdalApi const& gdal_;
   GdalDatasetH dataset_;
   char const* driver_;
+  unsigned ordinates_;
 };
+
+bool HasGeometry(DatabaseDef const& def) {
+  for (int i = 0; i < def.Count(); ++i) {
+    if (def[i].HasGeom()) return true;
+  }
+  return false;
+}
+
+// Creates the data source and its layers.
+// Errors: null; error is set unless GDAL said why, and nothing is left at path.
+GdalDatasetH MakeDataset(GdalApi const& gdal, GdalDriverH driver, std::string const& path,
+                         DatabaseDef const& def, unsigned ordinates, std::string& error) {
+  constexpr int kUnknownDataType = 0;
+  // A SQLite file with a list of geometry columns shows no tables but those in the list.
+  char const* const noMetadata[] = {"METADATA=NO", nullptr};
+  bool const isPlainSqlite =
+      std::strcmp(gdal.GDALGetDriverShortName(driver), "SQLite") == 0 && !HasGeometry(def);
+  GdalDatasetH const dataset =
+      gdal.GDALCreate(driver, path.c_str(), 0, 0, 0, kUnknownDataType, isPlainSqlite ? noMetadata : nullptr);
+  if (dataset == nullptr) return nullptr;
+  LayerCreator creator(gdal, dataset, gdal.GDALGetDriverShortName(driver), ordinates);
+  for (int i = 0; i < def.Count(); ++i) {
+    if (creator.Create(def[i], error)) continue;
+    gdal.GDALClose(dataset);
+    gdal.GDALDeleteDataset(driver, path.c_str());
+    return nullptr;
+  }
+  return dataset;
+}
 
 }  // namespace
 
@@ -198,20 +234,22 @@ std::unique_ptr<GdalSource> CreateSource(GdalApi const& gdal, std::string const&
     error = existing + " exists already";
     return nullptr;
   }
-  constexpr int kUnknownDataType = 0;
-  GdalDatasetH const dataset = gdal.GDALCreate(handle, path.c_str(), 0, 0, 0, kUnknownDataType, nullptr);
+  GdalDatasetH const dataset = MakeDataset(gdal, handle, path, def, /*ordinates=*/0, error);
   if (dataset == nullptr) {
-    error = scope.Message();
+    if (error.empty()) error = scope.Message();
     return nullptr;
   }
   auto source = std::make_unique<GdalSource>(gdal, dataset, path, /*readOnly=*/false, /*created=*/true);
-  LayerCreator creator(gdal, dataset, driverName);
-  for (int i = 0; i < def.Count(); ++i) {
-    if (creator.Create(def[i], error)) continue;
-    if (error.empty()) error = scope.Message();
-    source.reset();
-    gdal.GDALDeleteDataset(handle, path.c_str());
-    return nullptr;
+  DriverTraits const& traits = source->Traits();
+  // With several tables the first row of one would end the layers of the others.
+  if (traits.oneDimensionality && !traits.firstRowDecides && def.Count() == 1 && def[0].HasGeom()) {
+    auto const kept = std::make_shared<DatabaseDef>();
+    kept->CopyFrom(def);
+    source->AwaitFirstRow([&gdal, handle, path, kept](bool z, bool m) {
+      gdal.GDALDeleteDataset(handle, path.c_str());
+      std::string ignored;
+      return MakeDataset(gdal, handle, path, *kept, z && m ? kWkbZM : z ? kWkbZ : kWkbM, ignored);
+    });
   }
   return source;
 }

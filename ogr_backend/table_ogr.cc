@@ -9,6 +9,7 @@
 #include "access/boundary.h"
 #include "access/diagnostics.h"
 #include "ogr_backend/column_types.h"
+#include "ogr_backend/geometry_needs.h"
 
 namespace fdo::internal {
 namespace {
@@ -74,10 +75,32 @@ FeatureWriter& TableOgr::Writer() {
   return *writer_;
 }
 
+void TableOgr::FitToFirstRow(Row const& row) {
+  Value const& cell = row[kGeometryColumn];
+  unsigned char const* const fgf = cell.AsBlob();
+  if (fgf == nullptr || cell.BlobLen() <= 0) return;
+  GeometryNeeds needs;
+  try {
+    VisitFgf(fgf, fgf + cell.BlobLen(), needs);
+  } catch (FdoException* raised) {
+    FdoPtr<FdoException> const broken(raised);  // which is for the writer to refuse
+    return;
+  }
+  if (needs.IsEmpty()) return;
+  bool const fits = source_.FitTo(needs.Z(), needs.M());
+  layer_ = fits ? gdal_.GDALDatasetGetLayer(source_.Dataset(), layerIndex_) : nullptr;
+  writer_.reset();
+}
+
 bool TableOgr::Insert(Row const& row, __int64* newId, bool storeMakesId) {
   if (newId != nullptr) *newId = 0;
   return AtBoundary(false, [&] {
     GdalErrorScope scope(gdal_);
+    if (source_.AwaitsFirstRow()) FitToFirstRow(row);
+    if (layer_ == nullptr) {
+      Remember(scope);
+      return false;
+    }
     std::string refusal;
     OgrFeatureH const feature = Writer().Write(row, refusal);
     if (feature == nullptr) {
@@ -391,7 +414,8 @@ __int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
 
 __int64 TableOgr::CountByScan() {
   __int64 count = 0;
-  for (; OgrFeatureH const feature = gdal_.OGR_L_GetNextFeature(layer_); ++count) gdal_.OGR_F_Destroy(feature);
+  for (; OgrFeatureH const feature = gdal_.OGR_L_GetNextFeature(layer_); ++count)
+    gdal_.OGR_F_Destroy(feature);
   return count;
 }
 

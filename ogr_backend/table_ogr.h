@@ -77,6 +77,7 @@ class TableOgr : public Table {
   __int64 CountByScan();
   FilterTarget Target() const;
   FeatureWriter& Writer();
+  void FitToFirstRow(Row const& row);
   void Remember(GdalErrorScope const& scope);
   void Refuse(wchar_t const* reason);
 

@@ -40,8 +40,11 @@ class GdalSource;
 // - Update(row, id) is not supported: it does nothing and returns false.
 // - Delete(filter) must not be called: it ends the process.
 // - Insert and Update write every column: a null or undefined number as 0, other such cells as null. A
-//   number beyond a 32-bit field becomes the nearest that it holds. A row whose geometry would not come
-//   back as it is (broken, or with curves or M where the format has none) is refused.
+//   number beyond a 32-bit field becomes the nearest that it holds.
+// - A row is refused that the format would not give back: with a geometry that is broken, has curves,
+//   ordinates or empty parts that the format or the layer does not hold, or is absent where the format
+//   then drops the row; with a number that the format would cut. The first row of a new shapefile or
+//   FlatGeobuf file decides which ordinates all have.
 // - GetExtent without a filter asks the layer; zeros when the layer cannot tell.
 // - The row stands free of the table, so a cell outside the desired fields stays undefined. A row that
 //   is bound to such a table by hand must not be read where it is undefined: FetchCurrentValue makes
