@@ -3,6 +3,12 @@
 #define FDO_H_
 
 #include "Fdo/ClientServices/ClientServiceException.h"
+#include "Fdo/ClientServices/ConnectionManager.h"
+#include "Fdo/ClientServices/FeatureAccessManager.h"
+#include "Fdo/ClientServices/Provider.h"
+#include "Fdo/ClientServices/ProviderCollection.h"
+#include "Fdo/ClientServices/ProviderNameTokens.h"
+#include "Fdo/ClientServices/ProviderRegistry.h"
 #include "Fdo/Commands/BatchParameterValueCollection.h"
 #include "Fdo/Commands/CommandException.h"
 #include "Fdo/Commands/CommandType.h"
