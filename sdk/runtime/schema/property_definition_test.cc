@@ -33,14 +33,15 @@ TEST(DataProperty, KeepsWhatIsSet) {
   property->SetLength(1);
   property->SetPrecision(12);
   property->SetScale(3);
-  property->SetNullable(true);
+  EXPECT_TRUE(property->GetNullable());
+  property->SetNullable(false);
   property->SetReadOnly(true);
   property->SetDefaultValue(L"2.5");
   EXPECT_EQ(property->GetDataType(), FdoDataType_Decimal);
   EXPECT_EQ(property->GetLength(), 1);
   EXPECT_EQ(property->GetPrecision(), 12);
   EXPECT_EQ(property->GetScale(), 3);
-  EXPECT_TRUE(property->GetNullable());
+  EXPECT_FALSE(property->GetNullable());
   EXPECT_TRUE(property->GetReadOnly());
   EXPECT_STREQ(property->GetDefaultValue(), L"2.5");
   property->SetDefaultValue(nullptr);
