@@ -52,12 +52,15 @@ constexpr GeometryKind const* FindGeometryKind(std::int32_t type) {
   return nullptr;
 }
 
-// Whether a geometry may stand where its parent wants it; true for the outermost.
+// Whether a geometry may stand where its parent wants it; true for the outermost. (Without a pointer to
+// compare, so that g++ evaluates it at compile time under the sanitizers, too.)
 constexpr bool FitsParent(std::int32_t type, std::int32_t parentType) {
-  GeometryKind const* const kind = FindGeometryKind(type);
-  GeometryKind const* const parent = FindGeometryKind(parentType);
-  if (kind == nullptr) return false;
-  return parent == nullptr || parent->parts == 0 || parent->parts == kind->plain;
+  std::int32_t plain = kNoGeometry, wanted = kNoGeometry;
+  for (GeometryKind const& kind : kGeometryKinds) {
+    if (kind.type == type) plain = kind.plain;
+    if (kind.type == parentType) wanted = kind.parts;
+  }
+  return plain != kNoGeometry && (wanted == kNoGeometry || wanted == plain);
 }
 
 static_assert(FitsParent(kPoint, kNoGeometry) && FitsParent(kPolygon, kMultiCurvePolygon));
