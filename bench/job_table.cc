@@ -29,7 +29,7 @@ constexpr Job kJobs[] = {
     {"wkb-to-fgf", "points out of cache", kBytesPerSecond, 0.85, WkbToFgfJob},
     {"wkb-to-fgf", "polygons in cache", kBytesPerSecond, 0.85, WkbToFgfJob},
     {"wkb-to-fgf", "polygons out of cache", kBytesPerSecond, 0.85, WkbToFgfJob},
-    {"geometry-from-fgf", "points in cache", kGeometriesPerSecond, 5, GeometryFromFgfJob},
+    {"geometry-from-fgf", "points in cache", kGeometriesPerSecond, 1, GeometryFromFgfJob},
     {"geometry-from-fgf", "polygons in cache", kGeometriesPerSecond, 5, GeometryFromFgfJob},
     {"spatial-evaluate", "points in one polygon", kGeometriesPerSecond, 0.8, SpatialEvaluateJob},
     {"rss-growth", "gpkg polygons", kMebibytes, 2, RssGrowthJob},

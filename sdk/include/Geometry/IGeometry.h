@@ -12,7 +12,8 @@
 // by several through FdoSpatialUtility::Evaluate.
 class FdoIGeometry : public FdoIDisposable {
  public:
-  // Gives: one reference. The box is that of the curve itself where arcs bulge beyond their positions.
+  // Gives: one reference, which may keep the geometry alive. The box is that of the curve itself where arcs
+  // bulge beyond their positions.
   virtual FdoIEnvelope* GetEnvelope() const = 0;
 
   // Bits of FdoDimensionality; of a geometry of parts, all that any part has.

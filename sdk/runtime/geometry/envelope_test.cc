@@ -20,8 +20,8 @@ using Bytes = std::vector<unsigned char>;
 
 FdoPtr<FdoIEnvelope> EnvelopeOf(Bytes const& bytes) {
   FdoPtr<FdoFgfGeometryFactory> factory = FdoFgfGeometryFactory::GetInstance();
-  FdoPtr<FdoIGeometry> geometry =
-      factory->CreateGeometryFromFgf(bytes.data(), static_cast<FdoInt32>(bytes.size()));
+  FdoPtr<FdoByteArray> array = FdoByteArray::Create(bytes.data(), static_cast<FdoInt32>(bytes.size()));
+  FdoPtr<FdoIGeometry> geometry = factory->CreateGeometryFromFgf(array);
   return geometry->GetEnvelope();
 }
 
@@ -44,11 +44,21 @@ TEST(Envelope, OfStraightGeometryIsTheLeastAndGreatestOfItsPositions) {
       static_cast<FdoEnvelopeImpl*>(expected.p)->SetMinZ(envelope->GetMinZ());
       static_cast<FdoEnvelopeImpl*>(expected.p)->SetMaxZ(envelope->GetMaxZ());
     }
-    EXPECT_TRUE(*static_cast<FdoEnvelopeImpl*>(envelope.p) == *static_cast<FdoEnvelopeImpl*>(expected.p));
+    FdoPtr<FdoEnvelopeImpl> same = FdoEnvelopeImpl::Create();
+    same->Expand(envelope.p);
+    EXPECT_TRUE(*same == *static_cast<FdoEnvelopeImpl*>(expected.p));
     EXPECT_EQ(envelope->GetIsEmpty(), expected->GetIsEmpty());
     ++compared;
   }
   EXPECT_GE(compared, 100);
+}
+
+TEST(Envelope, OutlivesTheCallersReferenceToItsGeometry) {
+  FdoPtr<FdoIEnvelope> envelope = EnvelopeOf(fdo::Fgf("POLYGON Z ((1 2 3, 4 2 3, 4 5 6, 1 2 3))"));
+  double const expected[] = {1, 2, 3, 4, 5, 6};
+  EXPECT_TRUE(std::equal(expected, expected + 6, envelope->GetOrdinates()));
+  FdoPtr<FdoIEnvelope> second = envelope;
+  EXPECT_EQ(envelope.p->GetRefCount(), 2);
 }
 
 TEST(Envelope, OfRandomLinesOfEveryLengthIsExact) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "FdoGeometry.h"
+#include "sdk/runtime/geometry/embedded_envelope.h"
 #include "sdk/runtime/geometry/fgf_bytes.h"
 #include "sdk/runtime/geometry/fgf_scan.h"
 #include "sdk/runtime/geometry/position_run.h"
@@ -44,9 +45,10 @@ FgfBacked const* AsFgfBacked(FdoIGeometry const* geometry);
 template <class Interface>
 class FgfGeometry : public Interface, public FgfBacked {
  public:
-  FgfGeometry(FgfBytes bytes, FgfScan const& scan) : FgfBacked(std::move(bytes), scan) {}
+  FgfGeometry(FgfBytes bytes, FgfScan const& scan)
+      : FgfBacked(std::move(bytes), scan), envelope_(*this, scan.box) {}
 
-  FdoIEnvelope* GetEnvelope() const override { return MakeEnvelope(Scan().box); }
+  FdoIEnvelope* GetEnvelope() const override { return FDO_SAFE_ADDREF(&envelope_); }
   FdoInt32 GetDimensionality() const override { return Scan().dimensionality; }
   FdoGeometryType GetDerivedType() const override { return static_cast<FdoGeometryType>(Scan().type); }
   FdoString* GetText() override;
@@ -55,6 +57,7 @@ class FgfGeometry : public Interface, public FgfBacked {
   void Dispose() override { delete this; }
 
  private:
+  mutable EmbeddedEnvelope envelope_;  // mutable for its count, which is this object's
   std::unique_ptr<std::wstring> text_;
 };
 
