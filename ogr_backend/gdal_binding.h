@@ -175,6 +175,9 @@ using CplErrorHandler = void (*)(int errorClass, int errorNumber, char const* me
   X(int, OGR_F_SetFID, (OgrFeatureH feature, std::int64_t id))                                               \
   X(OgrGeometryH, OGR_F_GetGeometryRef, (OgrFeatureH feature))                                               \
   X(int, OGR_F_SetGeometryDirectly, (OgrFeatureH feature, OgrGeometryH geometry))                            \
+  X(int, OGR_F_IsFieldSetAndNotNull, (OgrFeatureH feature, int field))                                       \
+  X(double, OGR_F_GetFieldAsDouble, (OgrFeatureH feature, int field))                                        \
+  X(char const*, OGR_F_GetFieldAsString, (OgrFeatureH feature, int field))                                   \
   X(OgrField*, OGR_F_GetRawFieldRef, (OgrFeatureH feature, int field))                                       \
   X(void, OGR_F_SetFieldNull, (OgrFeatureH feature, int field))                                              \
   X(void, OGR_F_SetFieldInteger64, (OgrFeatureH feature, int field, std::int64_t value))                     \

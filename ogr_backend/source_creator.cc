@@ -10,6 +10,7 @@
 
 #include "ogr_backend/column_types.h"
 #include "ogr_backend/schema_reader.h"
+#include "values/number_text.h"
 
 namespace fdo::internal {
 namespace {
@@ -94,6 +95,16 @@ std::string OwnName(TableDef const& table, int column, char const* shownName) {
   return table[column].NameUTF8();
 }
 
+// Whether a column that becomes a field has that name, in which formats do not tell case apart.
+bool IsFieldName(TableDef const& table, std::string const& name) {
+  for (int column = 0; column < table.ColumnCount(); ++column) {
+    if (IsLayerId(table, column) || column == table.IndexOfGeom()) continue;
+    std::wstring const wide = ToWide(name.c_str());
+    if (EqualIgnoringCase(table[column].Name(), wide.c_str())) return true;
+  }
+  return false;
+}
+
 class LayerCreator {
  public:
   // ordinates: kWkbZ, kWkbM or kWkbZM where the layers are to hold more than X and Y.
@@ -141,8 +152,9 @@ class LayerCreator {
   std::vector<std::string> Options(TableDef const& table) const {
     int const idColumn = table.HasID() && IsLayerId(table, table.IndexOfID()) ? table.IndexOfID() : -1;
     std::string idName = OwnName(table, idColumn, kFidColumnName);
-    // The name that a format would choose must not meet a column's.
-    if (idName.empty() && table.IndexOf(L"fid") >= 0) idName = kFidColumnName;
+    // The id must not meet a column of the same name, which GeoJSON, say, may have beside it.
+    if (IsFieldName(table, idName)) idName.clear();
+    if (idName.empty() && IsFieldName(table, "fid")) idName = kFidColumnName;
     std::vector<std::string> options;
     for (LayerOption const& option : kLayerOptions) {
       if (std::strcmp(option.driver, driver_) != 0) continue;

@@ -10,6 +10,7 @@
 #include "access/diagnostics.h"
 #include "ogr_backend/column_types.h"
 #include "ogr_backend/geometry_needs.h"
+#include "values/number_text.h"
 
 namespace fdo::internal {
 namespace {
@@ -20,19 +21,10 @@ constexpr __int64 kGreatestId = std::numeric_limits<__int64>::max();
 // Ranges up to this length are read id by id where the format finds a feature by its id.
 constexpr __int64 kLongestLookUp = 1000;
 
-bool EqualIgnoringAsciiCase(char const* left, char const* right) {
-  auto const lower = [](char unit) {
-    return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit + 32) : unit;
-  };
-  for (; *left != '\0' && lower(*left) == lower(*right); ++left, ++right) {
-  }
-  return lower(*left) == lower(*right);
-}
-
 // Whether a field hides a name that GDAL's dialect has for something else.
-bool HasField(TableDef const& def, char const* name) {
+bool HasField(TableDef const& def, wchar_t const* name) {
   for (int column = kFirstField; column < def.ColumnCount(); ++column) {
-    if (EqualIgnoringAsciiCase(def[column].NameUTF8(), name)) return true;
+    if (EqualIgnoringCase(def[column].Name(), name)) return true;
   }
   return false;
 }
@@ -169,8 +161,8 @@ FilterTarget TableOgr::Target() const {
     char const* const geometryColumn = gdal_.OGR_L_GetGeometryColumn(layer_);
     target.geometryName = geometryColumn == nullptr ? "" : geometryColumn;
   } else {
-    if (target.idName.empty() && !HasField(*def_, "FID")) target.idName = "FID";
-    if (!HasField(*def_, "OGR_GEOMETRY")) target.geometryName = "OGR_GEOMETRY";
+    if (target.idName.empty() && !HasField(*def_, L"FID")) target.idName = "FID";
+    if (!HasField(*def_, L"OGR_GEOMETRY")) target.geometryName = "OGR_GEOMETRY";
   }
   return target;
 }
