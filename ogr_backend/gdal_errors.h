@@ -15,7 +15,6 @@ class GdalErrorScope {
  public:
   explicit GdalErrorScope(GdalApi const& gdal) : gdal_(gdal) {
     gdal_.CPLPushErrorHandlerEx(&GdalErrorScope::Handle, this);
-    current_ = &gdal_;
   }
   ~GdalErrorScope() { gdal_.CPLPopErrorHandler(); }
   GdalErrorScope(GdalErrorScope const&) = delete;
@@ -34,7 +33,7 @@ class GdalErrorScope {
 
  private:
   static void Handle(int errorClass, int /*errorNumber*/, char const* message) {
-    auto* scope = static_cast<GdalErrorScope*>(current_->CPLGetErrorHandlerUserData());
+    auto* scope = static_cast<GdalErrorScope*>(Gdal()->CPLGetErrorHandlerUserData());
     if (scope == nullptr || message == nullptr) return;
     if (errorClass >= kCplFailure && !scope->failed_) {
       scope->failed_ = true;
@@ -43,8 +42,6 @@ class GdalErrorScope {
       scope->warning_ = message;
     }
   }
-
-  static inline thread_local GdalApi const* current_ = nullptr;
 
   GdalApi const& gdal_;
   bool failed_ = false;
