@@ -1,7 +1,6 @@
 // FgfToWkb and WkbToFgf, which check every count, against loops that trust the bytes.
 #include <fdo/geometry_stream.h>
 
-#include <cstring>
 #include <memory>
 #include <vector>
 

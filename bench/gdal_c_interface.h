@@ -49,7 +49,6 @@ void OGR_Fld_SetWidth(OGRFieldDefnH field, int width);
 OGRFeatureH OGR_F_Create(OGRFeatureDefnH definition);
 void OGR_F_Destroy(OGRFeatureH feature);
 std::int64_t OGR_F_GetFID(OGRFeatureH feature);
-int OGR_F_SetFID(OGRFeatureH feature, std::int64_t id);
 OGRGeometryH OGR_F_GetGeometryRef(OGRFeatureH feature);
 int OGR_F_SetGeometryDirectly(OGRFeatureH feature, OGRGeometryH geometry);
 int OGR_F_IsFieldSetAndNotNull(OGRFeatureH feature, int field);
@@ -76,7 +75,6 @@ namespace fdo::bench {
 
 inline constexpr unsigned kGdalOpenVector = 0x04;
 inline constexpr int kOgrErrNone = 0;
-inline constexpr std::int64_t kOgrNullFid = -1;
 inline constexpr int kWkbLittleEndian = 1;
 inline constexpr int kWkbPoint = 1;
 inline constexpr int kWkbPolygon = 3;

@@ -1,6 +1,5 @@
 #include "bench/vector_files.h"
 
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
