@@ -38,7 +38,7 @@ double LeftTurn(double from, double to) {
 
 }  // namespace
 
-void AppendArc(std::vector<Position>& line, Position const& start, Position const& mid, Position const& end) {
+void AppendArc(std::vector<Position>& line, Position start, Position mid, Position end) {
   Circle circle{};
   if (!CircleThrough(start, mid, end, circle)) {
     line.push_back(mid);

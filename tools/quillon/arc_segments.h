@@ -17,7 +17,8 @@ inline constexpr double kArcTolerance = 1e-4;
 // Appends the positions that follow start on the arc through mid to end; end itself is the last and is
 // exact. Z runs evenly from start to mid and from mid to end. An arc that ends where it starts is the
 // whole circle whose diameter joins start and mid. Three positions on one line give mid and end.
-void AppendArc(std::vector<Position>& line, Position const& start, Position const& mid, Position const& end);
+// The positions may be elements of the line.
+void AppendArc(std::vector<Position>& line, Position start, Position mid, Position end);
 
 }  // namespace fdo::tool
 
