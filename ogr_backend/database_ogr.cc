@@ -144,7 +144,13 @@ Table* DatabaseOgr::DuplicateTable(Table* table) {
 
 void DatabaseOgr::DestroyTable(Table* table) { delete table; }
 
+void DatabaseOgr::KeepNullNumbers(bool keep) {
+  keepNullNumbers_ = keep;
+  if (source_ != nullptr) source_->KeepNullNumbers(keep);
+}
+
 void DatabaseOgr::Opened(wchar_t const* name) {
+  source_->KeepNullNumbers(keepNullNumbers_);
   providerName_ = ToWide(source_->Driver().c_str());
   connectionString_ = name;
 }

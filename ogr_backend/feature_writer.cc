@@ -39,7 +39,7 @@ FeatureWriter::FeatureWriter(GdalApi const& gdal, DriverTraits const& traits, Og
   holdsM_ = gdal_.OGR_L_TestCapability(layer, "MeasuredGeometries") != 0 && !traits.losesM;
 }
 
-OgrFeatureH FeatureWriter::Write(Row const& row, std::string& refusal) {
+OgrFeatureH FeatureWriter::Write(Row const& row, bool keepNullNumbers, std::string& refusal) {
   OgrFeatureH const feature = gdal_.OGR_F_Create(gdal_.OGR_L_GetLayerDefn(layer_));
   gdal_.OGR_F_SetFID(feature, static_cast<__int64>(row[kIdColumn]));
   if (!WriteGeometry(feature, row[kGeometryColumn], refusal)) {
@@ -55,7 +55,12 @@ OgrFeatureH FeatureWriter::Write(Row const& row, std::string& refusal) {
       gdal_.OGR_F_Destroy(feature);
       return nullptr;
     }
-    WriteField(feature, column - kFirstField, def_[column].Type(), row[column]);
+    Value const& cell = row[column];
+    if (keepNullNumbers && cell.IsNull()) {
+      gdal_.OGR_F_SetFieldNull(feature, column - kFirstField);
+    } else {
+      WriteField(feature, column - kFirstField, def_[column].Type(), cell);
+    }
   }
   return feature;
 }

@@ -26,8 +26,8 @@ namespace fdo::internal {
 //   BLOB              the bytes; null when it holds none
 //   any other         nothing
 //
-// Deliberate: a null cell in a number column is written as 0
-// (FeatureWriter.ANullNumberIsWrittenAsZero).
+// Deliberate: a null cell in a number column is written as 0, unless the caller keeps null numbers
+// (OgrWrite.NullZeroAndEmpty).
 class FeatureWriter {
  public:
   // Borrowed: def and layer must outlive the writer.
@@ -38,7 +38,7 @@ class FeatureWriter {
   // an ordinate that the format or the layer does not hold, an empty part that the format drops, or none
   // at all where the format then drops the row. refusal, in UTF-8, then says which.
   // Requires: row has the columns of def.
-  OgrFeatureH Write(Row const& row, std::string& refusal);
+  OgrFeatureH Write(Row const& row, bool keepNullNumbers, std::string& refusal);
 
  private:
   bool IsUndecided() const;

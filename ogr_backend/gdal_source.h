@@ -54,6 +54,10 @@ class GdalSource {
   // Requires: AwaitsFirstRow()
   bool FitTo(bool z, bool m);
 
+  // Whether a null number is written as null rather than as 0.
+  bool KeepsNullNumbers() const { return keepNullNumbers_; }
+  void KeepNullNumbers(bool keep) { keepNullNumbers_ = keep; }
+
   // Bracket a run of writes in one transaction, where the format has transactions. Brackets of several
   // tables may overlap: the transaction ends with the last of them.
   void BeginBatch();
@@ -69,6 +73,7 @@ class GdalSource {
   DriverTraits const& traits_;
   bool readOnly_;
   bool created_;
+  bool keepNullNumbers_ = false;
   int openBatches_ = 0;
   bool inTransaction_ = false;
   Remake remake_;

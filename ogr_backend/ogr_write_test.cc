@@ -188,6 +188,22 @@ TEST_P(OgrWrite, NullZeroAndEmpty) {
   EXPECT_EQ(rows, kRows);
 }
 
+TEST_P(OgrWrite, NullNumbersAreKeptOnRequest) {
+  if (!GetParam().nullText) GTEST_SKIP() << "the format holds no nulls";
+  database_.KeepNullNumbers(true);
+  Create(L"id:Int64 shape:Geometry i:Int32 b:Int64 x:Double");
+  Row row(Only().Def());
+  SetGeometry(row, "POINT (1 1)");
+  for (wchar_t const* column : {L"i", L"b", L"x"}) row[column].Reset();
+  ASSERT_TRUE(Only().Insert(row, nullptr, true)) << ToUtf8(database_.LastError());
+  database_.Disconnect();
+  Open(/*readOnly=*/true);
+  Only().Query();
+  Row const* const read = Only().Next();
+  ASSERT_NE(read, nullptr);
+  for (wchar_t const* column : {L"i", L"b", L"x"}) EXPECT_TRUE((*read)[column].IsNull()) << ToUtf8(column);
+}
+
 TEST_P(OgrWrite, RowsWithoutAGeometryAreKeptOrRefused) {
   Create(L"id:Int64 shape:Geometry name:String");
   Row row(Only().Def());

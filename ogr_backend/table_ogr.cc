@@ -94,7 +94,7 @@ bool TableOgr::Insert(Row const& row, __int64* newId, bool storeMakesId) {
       return false;
     }
     std::string refusal;
-    OgrFeatureH const feature = Writer().Write(row, refusal);
+    OgrFeatureH const feature = Writer().Write(row, source_.KeepsNullNumbers(), refusal);
     if (feature == nullptr) {
       lastError_ = ToWide(refusal.c_str());
       return false;
@@ -114,7 +114,7 @@ __int64 TableOgr::Update(Row const& row, FdoFilter* /*filter*/) {
   return AtBoundary(kFailed, [&] {
     GdalErrorScope scope(gdal_);
     std::string refusal;
-    OgrFeatureH const feature = Writer().Write(row, refusal);
+    OgrFeatureH const feature = Writer().Write(row, source_.KeepsNullNumbers(), refusal);
     if (feature == nullptr) {
       lastError_ = ToWide(refusal.c_str());
       return kFailed;

@@ -39,8 +39,8 @@ class GdalSource;
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.
 // - Delete(filter) must not be called: it ends the process.
-// - Insert and Update write every column: a null or undefined number as 0, other such cells as null. A
-//   number beyond a 32-bit field becomes the nearest that it holds.
+// - Insert and Update write every column: a null or undefined number as 0, unless KeepNullNumbers asks
+//   for null, and other such cells as null. A number beyond a 32-bit field becomes the nearest that it holds.
 // - A row is refused that the format would not give back: with a geometry that is broken, has curves,
 //   ordinates or empty parts that the format or the layer does not hold, or is absent where the format
 //   then drops the row; with a number that the format would cut. The first row of a new shapefile or
@@ -91,6 +91,9 @@ class QUILLON_EXPORT DatabaseOgr : public Database {
   // GDAL's short name of the driver that creates vector data under the path's extension; "" if none.
   static std::wstring DriverForPath(wchar_t const* path);
 
+  // Makes tables write a null number as null, from now on, instead of as 0.
+  void KeepNullNumbers(bool keep);
+
   // Why the last operation of this object or its tables that failed did so, mostly in GDAL's words; ""
   // before any failure. Connect and Create begin anew.
   // Borrowed: until the next operation.
@@ -101,6 +104,7 @@ class QUILLON_EXPORT DatabaseOgr : public Database {
   void ReadSchema();
 
   std::unique_ptr<internal::GdalSource> source_;  // null when disconnected
+  bool keepNullNumbers_ = false;
   std::wstring lastError_;
 };
 

@@ -102,6 +102,7 @@ class Converter {
     DatabaseDef definition;
     DefineTarget(*table.Def(), columns_, driver, table.Def()->Name(), definition);
     DatabaseOgr target;
+    target.KeepNullNumbers(true);
     if (!target.Create(path.c_str(), driver.c_str(), definition) || target.Count() == 0) {
       throw CannotCreate(options_.target, report_.driver, Utf8(target.LastError()));
     }
