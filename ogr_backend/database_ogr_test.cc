@@ -49,6 +49,16 @@ TEST_F(DatabaseOgrTest, BeginsUnconnected) {
   database.Disconnect();
 }
 
+TEST_F(DatabaseOgrTest, ALayerWithoutColumnNamesForIdAndGeometryGetsThem) {
+  std::wstring const path = WriteTowns(scratch_, kOgrFormats[0]);
+  DatabaseOgr database;
+  ASSERT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, true, true));
+  TableDef const& def = *database[0].Def();
+  std::wstring const names[] = {L"OGR_FID", L"OGR_GEOMETRY", L"name", L"n", L"big", L"x", L"d", L"flag"};
+  ASSERT_EQ(def.ColumnCount(), 8);
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(std::wstring(def[i].Name()), names[i]);
+}
+
 TEST_F(DatabaseOgrTest, WithoutTheSchemaThereAreNoTables) {
   std::wstring const path = WriteTowns(scratch_, kOgrFormats[1]);
   DatabaseOgr database;
