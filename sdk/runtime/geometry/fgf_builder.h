@@ -2,6 +2,7 @@
 #ifndef SDK_RUNTIME_GEOMETRY_FGF_BUILDER_H_
 #define SDK_RUNTIME_GEOMETRY_FGF_BUILDER_H_
 
+#include <cmath>
 #include <vector>
 
 #include "sdk/runtime/geometry/fgf_walk.h"
@@ -35,6 +36,9 @@ class FgfBuilder {
   bool SameBytes(std::size_t at, FgfBuilder const& fields) const {
     return std::memcmp(bytes_.data() + at, fields.bytes_.data(), fields.Size()) == 0;
   }
+
+  // Requires: at + 8 <= Size().
+  bool IsNanAt(std::size_t at) const { return std::isnan(Load<double>(bytes_.data() + at)); }
 
   // Gives: one reference. Errors: throws FdoException* for more bytes than an array holds.
   FdoByteArray* ToArray() const;

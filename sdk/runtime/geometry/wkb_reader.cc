@@ -215,7 +215,11 @@ class WkbReader {
     FdoInt32 const count = PositionCount(head.dimensionality);
     if (count == 0) return 0;
     if (arcs && count % 2 == 0) ThrowInvalidWkb();
-    Join(head.dimensionality, startAt);
+    FgfBuilder first;
+    in_.CopyPositions(1, head.dimensionality, first);
+    // Arcs of one position that is nowhere are how an empty curve may be written, too.
+    if (arcs && count == 1 && first.IsNanAt(0) && first.IsNanAt(sizeof(double))) return 0;
+    Join(first, startAt);
     if (!arcs) {
       out_.Int32(FdoGeometryComponentType_LineStringSegment);
       out_.Int32(count - 1);
@@ -231,10 +235,8 @@ class WkbReader {
     return count / 2;
   }
 
-  // Reads the first position of a member: the start of the curve, or the end of the member before.
-  void Join(FdoInt32 dimensionality, std::size_t startAt) {
-    FgfBuilder first;
-    in_.CopyPositions(1, dimensionality, first);
+  // The first position of a member is the start of the curve, or the end of the member before.
+  void Join(FgfBuilder const& first, std::size_t startAt) {
     if (previousAt_ == kNowhere) {
       out_.SetBytes(startAt, first);
       previousAt_ = startAt;
