@@ -74,14 +74,14 @@ class ConditionWriter : public FdoIFilterProcessor {
     FdoInt32 const count = values == nullptr ? 0 : values->GetCount();
     if (count == 0) {
       // In an empty list is nothing, and outside it is everything that has a value.
-      out_.text += negated_ ? "(" + column.sql + " IS NOT NULL)" : "(1 = 0)";
+      out_.text += negated_ ? std::string("(") + column.sql + " IS NOT NULL)" : "(1 = 0)";
       return;
     }
     FdoComparisonOperations const operation =
         negated_ ? FdoComparisonOperations_NotEqualTo : FdoComparisonOperations_EqualTo;
     // A store's SQL takes lists of any length, but chains of conditions only up to some depth.
     char const* const separator = target_.ownSql ? ", " : negated_ ? " AND " : " OR ";
-    out_.text += target_.ownSql ? "(" + column.sql + (negated_ ? " NOT IN (" : " IN (") : "(";
+    out_.text += target_.ownSql ? std::string("(") + column.sql + (negated_ ? " NOT IN (" : " IN (") : "(";
     for (FdoInt32 i = 0; i < count; ++i) {
       if (i > 0) out_.text += separator;
       SqlOperand const value = operands_.Write(FdoPtr<FdoValueExpression>(values->GetItem(i)));
@@ -98,7 +98,9 @@ class ConditionWriter : public FdoIFilterProcessor {
   void ProcessNullCondition(FdoNullCondition& filter) override {
     FdoPtr<FdoIdentifier> const name = filter.GetPropertyName();
     if (name == nullptr) throw FilterRefused{L"it is incomplete"};
-    out_.text += "(" + operands_.WriteColumn(*name).sql + (negated_ ? " IS NOT NULL)" : " IS NULL)");
+    out_.text += '(';
+    out_.text += operands_.WriteColumn(*name).sql;
+    out_.text += negated_ ? " IS NOT NULL)" : " IS NULL)";
   }
 
   void ProcessSpatialCondition(FdoSpatialCondition&) override {
@@ -130,7 +132,7 @@ class ConditionWriter : public FdoIFilterProcessor {
     if (left.kind == SqlOperand::kText && isEquality && !target_.ownSql) {
       WriteExactText(left, operation == FdoComparisonOperations_EqualTo, right);
     } else {
-      out_.text += "(" + left.sql + kComparisons[operation].sql + right.sql + ")";
+      out_.text += std::string("(") + left.sql + kComparisons[operation].sql + right.sql + ")";
     }
   }
 
@@ -165,11 +167,11 @@ class ConditionWriter : public FdoIFilterProcessor {
   void WriteLikeText(SqlOperand const& operand, std::string const& pattern, bool matches) {
     std::string const like = operand.sql + " LIKE " + pattern;
     if (matches) {
-      out_.text += "(" + like + ")";
+      out_.text += std::string("(") + like + ")";
     } else if (operand.isLiteral) {
       out_.text += "(NOT (" + like + "))";
     } else {
-      out_.text += "(" + operand.sql + " IS NOT NULL AND NOT (" + like + "))";
+      out_.text += std::string("(") + operand.sql + " IS NOT NULL AND NOT (" + like + "))";
     }
   }
 

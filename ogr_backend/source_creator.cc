@@ -272,12 +272,12 @@ std::string DriverNameForPath(GdalApi const& gdal, std::string const& path) {
   std::string extension(dotted.begin() + 1, dotted.end());
   std::transform(extension.begin(), extension.end(), extension.begin(),
                  [](char unit) { return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit + 32) : unit; });
-  std::string const wanted = " " + extension + " ";
+  std::string const wanted = std::string(" ") + extension + " ";
   std::string found;
   for (int i = 0; i < gdal.GDALGetDriverCount(); ++i) {
     GdalDriverH const driver = gdal.GDALGetDriver(i);
     char const* const extensions = gdal.GDALGetMetadataItem(driver, kExtensions, nullptr);
-    if (extensions == nullptr || (" " + std::string(extensions) + " ").find(wanted) == std::string::npos)
+    if (extensions == nullptr || (std::string(" ") + extensions + " ").find(wanted) == std::string::npos)
       continue;
     if (!HasCapability(gdal, driver, kVector) || !HasCapability(gdal, driver, kCreateDataset)) continue;
     // Drivers that are for vector data alone go before those that mean rasters in the first place.

@@ -113,14 +113,14 @@ void SqlOperandWriter::ProcessBinaryExpression(FdoBinaryExpression& expr) {
   }
   result_ = SqlOperand();
   result_.kind = SqlOperand::kNumber;
-  result_.sql = "(" + left.sql + kArithmetic[operation] + right.sql + ")";
+  result_.sql = std::string("(") + left.sql + kArithmetic[operation] + right.sql + ")";
 }
 
 void SqlOperandWriter::ProcessUnaryExpression(FdoUnaryExpression& expr) {
   SqlOperand operand = Write(FdoPtr<FdoExpression>(expr.GetExpression()));
   if (operand.kind != SqlOperand::kNumber) throw FilterRefused{L"it negates something that is not a number"};
   // The blank keeps two minus signs from beginning a comment.
-  operand.sql = "(- " + operand.sql + ")";
+  operand.sql = std::string("(- ") + operand.sql + ")";
   result_ = std::move(operand);
 }
 
@@ -130,7 +130,9 @@ void SqlOperandWriter::Integer(FdoDataValue& value, __int64 number) {
   result_.kind = SqlOperand::kNumber;
   result_.isLiteral = true;
   result_.isZero = number == 0;
-  result_.sql = number < 0 ? "(" + std::to_string(number) + ")" : std::to_string(number);
+  result_.sql = std::to_string(number);
+  // In brackets, a minus sign cannot meet another one, which would begin a comment.
+  if (number < 0) result_.sql.append(1, ')').insert(0, 1, '(');
 }
 
 void SqlOperandWriter::Real(FdoDataValue& value, double number) {
@@ -142,7 +144,7 @@ void SqlOperandWriter::Real(FdoDataValue& value, double number) {
   std::string text(digits, end.ptr);
   if (text.find_first_of(".e") == std::string::npos) text += ".0";
   result_.isZero = number == 0;
-  result_.sql = std::signbit(number) ? "(-" + text + ")" : text;
+  result_.sql = std::signbit(number) ? std::string("(-") + text + ")" : text;
 }
 
 void SqlOperandWriter::ProcessStringValue(FdoStringValue& expr) {

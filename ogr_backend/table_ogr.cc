@@ -271,7 +271,7 @@ void TableOgr::QueryRange(__int64 first, __int64 last) {
   GdalErrorScope scope(gdal_);
   FilterTarget const target = Target();
   if (target.ownSql && !target.idName.empty()) {
-    std::string const id = "\"" + target.idName + "\"";
+    std::string const id = std::string("\"") + target.idName + "\"";
     std::string const condition =
         id + " >= " + std::to_string(first_) + " AND " + id + " <= " + std::to_string(last_);
     // Next looks at the ids, too, so that a condition that is not taken does no harm.
