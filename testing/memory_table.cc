@@ -102,6 +102,7 @@ template <class Accept>
 void MemoryTable::Start(Accept accept) {
   result_.clear();
   next_ = 0;
+  shown_ = desired_;
   row_.Invalidate();
   lent_.clear();
   for (std::size_t i = 0; i < records.size(); ++i) {
@@ -174,7 +175,7 @@ void MemoryTable::SetDesiredFields(int const* columns, int count) {
 void MemoryTable::FetchCurrentValue(Value& cell, int column) const {
   CountCall();
   ++fetchCount_;
-  if (!desired_.empty() && std::find(desired_.begin(), desired_.end(), column) == desired_.end()) {
+  if (!shown_.empty() && std::find(shown_.begin(), shown_.end(), column) == shown_.end()) {
     throw std::logic_error("column " + std::to_string(column) + " is not among the desired fields");
   }
   Value const& lent = lent_.at(static_cast<std::size_t>(column));
@@ -209,6 +210,7 @@ bool MemoryDatabase::SetSchema(DatabaseDef const& def) {
 Table* MemoryDatabase::DuplicateTable(Table* table) {
   auto* copy = new MemoryTable(table->Def());
   copy->records = static_cast<MemoryTable*>(table)->records;
+  copy->matches = static_cast<MemoryTable*>(table)->matches;
   return copy;
 }
 

@@ -16,8 +16,8 @@ namespace fdo {
 // does, writes down what is asked of it, and fails when told to. Text and bytes are lent to the row and
 // freed when the cursor moves, so that a sanitizer sees who keeps them too long.
 //
-// Errors: fetching a column that SetDesiredFields excluded throws std::logic_error, as does what
-// FailAtCall sets.
+// Errors: fetching a column that SetDesiredFields excluded from the query throws std::logic_error, as does
+// what FailAtCall sets.
 class MemoryTable : public Table {
  public:
   using Cells = std::vector<Value>;
@@ -78,7 +78,8 @@ class MemoryTable : public Table {
   std::vector<std::size_t> result_;  // positions of the running query's records
   std::size_t next_ = 0;             // in result_
   Cells lent_;                       // the current record, as the row sees it
-  std::vector<int> desired_;         // empty: all
+  std::vector<int> desired_;         // for later queries; empty: all
+  std::vector<int> shown_;           // for the running query; empty: all
   mutable int fetchCount_ = 0;
   mutable int callsUntilFailure_ = 0;
   std::function<void()> fail_;
