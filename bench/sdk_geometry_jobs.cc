@@ -155,7 +155,9 @@ Sides GeometryFromFgfJob(Workbench const& bench, std::string_view data) {
         return MeasureAll(*fgf, [&](unsigned char const* at) {
           FdoPtr<FdoIGeometry> geometry = factory->CreateGeometryFromFgf(at, size);
           FdoPtr<FdoIEnvelope> box = geometry->GetEnvelope();
-          return BoxChecksum(box->GetMinX(), box->GetMinY(), box->GetMaxX(), box->GetMaxY());
+          // All at once, as the peer's call gives them: minX, minY, minZ, maxX, maxY, maxZ.
+          double const* const extent = box->GetOrdinates();
+          return BoxChecksum(extent[0], extent[1], extent[3], extent[4]);
         });
       },
       [wkb, geos] {

@@ -7,14 +7,19 @@ namespace {
 
 std::atomic<bool> globalLocking{false};
 
-}  // namespace
-
-FdoInt32 FdoInternal::ChangeReferenceCount(FdoInt32& count, FdoInt32 change, bool locked) {
+// Apart from ChangeReferenceCount, whose calls go through the loader because it is exported.
+inline FdoInt32 Change(FdoInt32& count, FdoInt32 change, bool locked) {
   if (locked || globalLocking.load(std::memory_order_relaxed)) {
     // Whoever takes the last reference must see all that was done through the others.
     return std::atomic_ref<FdoInt32>(count).fetch_add(change, std::memory_order_acq_rel) + change;
   }
   return count += change;
+}
+
+}  // namespace
+
+FdoInt32 FdoInternal::ChangeReferenceCount(FdoInt32& count, FdoInt32 change, bool locked) {
+  return Change(count, change, locked);
 }
 
 void FdoIDisposable::EnableGlobalThreadLocking(bool enable) { globalLocking.store(enable); }
@@ -25,19 +30,15 @@ FdoIDisposable::FdoIDisposable() : m_objectThreadLockingEnabled(false), m_refCou
 
 FdoIDisposable::~FdoIDisposable() = default;
 
-FdoInt32 FdoIDisposable::AddRef() {
-  return FdoInternal::ChangeReferenceCount(m_refCount, 1, m_objectThreadLockingEnabled);
-}
+FdoInt32 FdoIDisposable::AddRef() { return Change(m_refCount, 1, m_objectThreadLockingEnabled); }
 
 FdoInt32 FdoIDisposable::Release() {
-  FdoInt32 const left = FdoInternal::ChangeReferenceCount(m_refCount, -1, m_objectThreadLockingEnabled);
+  FdoInt32 const left = Change(m_refCount, -1, m_objectThreadLockingEnabled);
   if (left == 0) Dispose();
   return left;
 }
 
-FdoInt32 FdoIDisposable::GetRefCount() {
-  return FdoInternal::ChangeReferenceCount(m_refCount, 0, m_objectThreadLockingEnabled);
-}
+FdoInt32 FdoIDisposable::GetRefCount() { return Change(m_refCount, 0, m_objectThreadLockingEnabled); }
 
 void FdoIDisposable::EnableObjectThreadLocking(bool enable) { m_objectThreadLockingEnabled = enable; }
 

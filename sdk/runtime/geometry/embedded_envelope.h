@@ -11,6 +11,7 @@ namespace fdo_sdk {
 
 // A member of its owner. References to it are references to the owner, which therefore lives as long as
 // anybody holds the envelope.
+// Requires: the owner counts as FdoIDisposable does, so that its operations are called directly.
 class EmbeddedEnvelope final : public FdoIEnvelope {
  public:
   EmbeddedEnvelope(FdoIDisposable& owner, FgfBox const& box) : owner_(owner) {
@@ -35,9 +36,9 @@ class EmbeddedEnvelope final : public FdoIEnvelope {
   // Both ordinates are set or neither is.
   bool GetIsEmpty() const override { return ordinates_[0] != ordinates_[0]; }
 
-  FdoInt32 AddRef() override { return owner_.AddRef(); }
-  FdoInt32 Release() override { return owner_.Release(); }
-  FdoInt32 GetRefCount() override { return owner_.GetRefCount(); }
+  FdoInt32 AddRef() override { return owner_.FdoIDisposable::AddRef(); }
+  FdoInt32 Release() override { return owner_.FdoIDisposable::Release(); }
+  FdoInt32 GetRefCount() override { return owner_.FdoIDisposable::GetRefCount(); }
   void EnableObjectThreadLocking(bool enable) override { owner_.EnableObjectThreadLocking(enable); }
 
  protected:

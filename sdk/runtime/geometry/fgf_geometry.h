@@ -2,6 +2,8 @@
 #ifndef SDK_RUNTIME_GEOMETRY_FGF_GEOMETRY_H_
 #define SDK_RUNTIME_GEOMETRY_FGF_GEOMETRY_H_
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,6 +12,7 @@
 #include "sdk/runtime/geometry/embedded_envelope.h"
 #include "sdk/runtime/geometry/fgf_bytes.h"
 #include "sdk/runtime/geometry/fgf_scan.h"
+#include "sdk/runtime/geometry/kept_memory.h"
 #include "sdk/runtime/geometry/position_run.h"
 
 namespace fdo_sdk {
@@ -18,12 +21,15 @@ namespace fdo_sdk {
 // Threads: never changes once made.
 class FgfBacked {
  public:
-  FgfBacked(FgfBytes bytes, FgfScan const& scan);
+  FgfBacked(FgfBytes&& bytes, FgfScan const& scan) : bytes_(std::move(bytes)), scan_(scan) {
+    bytes_.size = static_cast<std::size_t>(scan.size);
+  }
 
   FgfBytes const& Bytes() const { return bytes_; }  // exactly those of the geometry
   FgfScan const& Scan() const { return scan_; }
   // Of no other geometry that this process makes.
-  std::uint64_t Serial() const { return serial_; }
+  // Threads: any.
+  std::uint64_t Serial() const;
 
  protected:
   virtual ~FgfBacked() = default;
@@ -31,7 +37,7 @@ class FgfBacked {
  private:
   FgfBytes bytes_;
   FgfScan scan_;
-  std::uint64_t serial_;
+  mutable std::atomic<std::uint64_t> serial_{0};  // 0 until it is asked for, which few geometries are
 };
 
 // Gives: one reference, to the geometry at the front of the bytes.
@@ -45,13 +51,17 @@ FgfBacked const* AsFgfBacked(FdoIGeometry const* geometry);
 template <class Interface>
 class FgfGeometry : public Interface, public FgfBacked {
  public:
-  FgfGeometry(FgfBytes bytes, FgfScan const& scan)
+  FgfGeometry(FgfBytes&& bytes, FgfScan const& scan)
       : FgfBacked(std::move(bytes), scan), envelope_(*this, scan.box) {}
 
   FdoIEnvelope* GetEnvelope() const override { return FDO_SAFE_ADDREF(&envelope_); }
   FdoInt32 GetDimensionality() const override { return Scan().dimensionality; }
   FdoGeometryType GetDerivedType() const override { return static_cast<FdoGeometryType>(Scan().type); }
   FdoString* GetText() override;
+
+  // Geometries come and go by the row.
+  static void* operator new(std::size_t size) { return TakeMemory(size); }
+  static void operator delete(void* memory, std::size_t size) { KeepMemory(memory, size); }
 
  protected:
   void Dispose() override { delete this; }

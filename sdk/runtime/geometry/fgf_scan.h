@@ -19,6 +19,30 @@ struct FgfScan {
 // Allocates nothing. Errors: throws ThrowInvalidFgf().
 FgfScan ScanFgf(FdoByte const* bytes, std::size_t size);
 
+// The same for the commonest geometry, a point without Z and M, short enough for its caller.
+inline constexpr std::size_t kPointXyBytes = kPointHead + PositionBytes(FdoDimensionality_XY);
+
+inline bool IsPointXy(FdoByte const* bytes, std::size_t size) {
+  return bytes != nullptr && size >= kPointXyBytes && Load<FdoInt32>(bytes) == FdoGeometryType_Point &&
+         Load<FdoInt32>(bytes + sizeof(FdoInt32)) == FdoDimensionality_XY;
+}
+
+// Requires: IsPointXy of the bytes.
+inline FgfScan ScanPointXy(FdoByte const* bytes) {
+  FgfScan scan;
+  scan.size = kPointXyBytes;
+  scan.type = FdoGeometryType_Point;
+  auto const x = Load<double>(bytes + kPointHead);
+  auto const y = Load<double>(bytes + kPointHead + sizeof(double));
+  if (x == x && y == y) {
+    scan.box.minX = scan.box.maxX = x;
+    scan.box.minY = scan.box.maxY = y;
+  } else {
+    scan.box.Expand(x, y);
+  }
+  return scan;
+}
+
 // Grow the box by positions.
 void ExpandBox(FgfBox& box, PositionSpan const& positions);
 void ExpandBoxByArc(FgfBox& box, PositionSpan const& previous, PositionSpan const& midAndEnd);

@@ -16,6 +16,9 @@ class FgfPoint final : public FgfGeometry<FdoIPoint> {
                             FdoInt32* dimensionality) const override;
   double const* GetOrdinates() override;
 
+ protected:
+  void Dispose() override { delete this; }  // of a final class, which needs no second virtual call
+
  private:
   PositionSpan Position() const { return {Bytes().data + kPointHead, 1, Scan().dimensionality}; }
 
