@@ -40,6 +40,7 @@ struct Unit {
 inline constexpr Unit kRowsPerSecond{"rows/s", Measure::kRate};
 inline constexpr Unit kBytesPerSecond{"bytes/s", Measure::kRate};
 inline constexpr Unit kGeometriesPerSecond{"geometries/s", Measure::kRate};
+inline constexpr Unit kFiltersPerSecond{"filters/s", Measure::kRate};
 inline constexpr Unit kStartsPerSecond{"starts/s", Measure::kRate};
 inline constexpr Unit kMebibytes{"MiB", Measure::kAmount};
 
