@@ -1,6 +1,5 @@
 #include "sdk/runtime/text/lexer.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "sdk/runtime/text/identifier_text.h"
@@ -10,7 +9,8 @@
 namespace fdo_sdk {
 namespace {
 
-constexpr std::wstring_view kBlanks = L" \t\r\n\v\f";
+constexpr bool IsBlank(wchar_t unit) { return unit == L' ' || (unit >= L'\t' && unit <= L'\r'); }
+static_assert(IsBlank(L'\t') && IsBlank(L'\n') && IsBlank(L'\v') && IsBlank(L'\f') && IsBlank(L'\r'));
 constexpr std::size_t kLongestShown = 40;
 
 }  // namespace
@@ -27,7 +27,7 @@ std::wstring Lexer::Show(Token const& token) const {
 }
 
 Token Lexer::Next() {
-  at_ = std::min(text_.find_first_not_of(kBlanks, at_), text_.size());
+  while (at_ < text_.size() && IsBlank(text_[at_])) ++at_;
   Token token;
   token.begin = at_;
   if (at_ == text_.size()) {
