@@ -27,7 +27,7 @@ class GdalSource;
 //   Text, bytes and geometry are borrowed until the next feature is read.
 // - Query(filter, ...) keeps the box of the last box query and does not order; a row count or an extent
 //   with a filter keeps it, too. Query() and QueryRange drop it. Which rows meet a box is GDAL's
-//   matter: in most formats those whose geometry does, in some those whose envelope does.
+//   matter: those whose geometry does, not only its envelope.
 // - GetRowCount, IsEmpty and GetExtent end the running query.
 // - A filter is handed to GDAL as a condition of the same meaning. What GDAL cannot run so is refused:
 //   text compared with numbers, dates, spatial and distance conditions, functions, parameters, NULL but
@@ -39,6 +39,8 @@ class GdalSource;
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.
 // - Delete(filter) must not be called: it ends the process.
+// - A shapefile has no identities of its own: after Delete(id) the rows behind that one move up by one as
+//   soon as the next query starts, so an id that was kept from before names another row then.
 // - Insert and Update write every column: a null or undefined number as 0, unless KeepNullNumbers asks
 //   for null, and other such cells as null. A number beyond a 32-bit field becomes the nearest that it holds.
 // - A row is refused that the format would not give back: with a geometry that is broken, has curves,
