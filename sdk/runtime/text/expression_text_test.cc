@@ -6,34 +6,15 @@
 
 #include "Fdo.h"
 #include "sdk/runtime/core/thrown.h"
+#include "sdk/runtime/text/text_claims.h"
 #include "sdk/runtime/text/tree_shape.h"
 
 namespace fdo_sdk {
 namespace {
 
-struct Row {
-  wchar_t const* text;     // what is parsed
-  char const* shape;       // the tree
-  wchar_t const* written;  // what the tree writes
-};
-
-void ExpectRow(Row const& row) {
-  SCOPED_TRACE(static_cast<char const*>(FdoStringP(row.text)));
-  try {
-    FdoPtr<FdoExpression> tree = FdoExpression::Parse(row.text);
-    EXPECT_EQ(ShapeOf(tree), row.shape);
-    EXPECT_STREQ(tree->ToString(), row.written);
-    FdoPtr<FdoExpression> again = FdoExpression::Parse(row.written);
-    EXPECT_EQ(ShapeOf(again), row.shape);
-  } catch (FdoException* caught) {
-    FdoPtr<FdoException> failure(caught);
-    ADD_FAILURE() << static_cast<char const*>(FdoStringP(failure->GetExceptionMessage()));
-  }
-}
-
 // Text with 'quotes' reads better in raw strings; every row is a claim about one construct.
 TEST(ExpressionText, Literals) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"TRUE", "boolean true", L"TRUE"},
       {L"false", "boolean false", L"FALSE"},
       {L"NULL", "null string", L"NULL"},
@@ -69,11 +50,11 @@ TEST(ExpressionText, Literals) {
        "40",
        L"GeomFromText('POINT (10 20)')"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoExpression>(row);
 }
 
 TEST(ExpressionText, NamesAndParameters) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"width", "name width", L"width"},
       {L"_a1", "name _a1", L"_a1"},
       {L"straße", "name straße", L"straße"},
@@ -97,7 +78,7 @@ TEST(ExpressionText, NamesAndParameters) {
       {L":''", "parameter ", L":''"},
       {L":and", "parameter and", L":and"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoExpression>(row);
 }
 
 TEST(ExpressionText, EveryReservedWordIsANameInQuotes) {
@@ -137,7 +118,7 @@ TEST(ExpressionText, EveryReservedWordIsANameInQuotes) {
 }
 
 TEST(ExpressionText, OperatorsByPrecedenceAndFromTheLeft) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"a+b-c", "-(+(name a, name b), name c)", L"a + b - c"},
       {L"a-(b-c)", "-(name a, -(name b, name c))", L"a - (b - c)"},
       {L"a+(b+c)", "+(name a, +(name b, name c))", L"a + (b + c)"},
@@ -150,12 +131,12 @@ TEST(ExpressionText, OperatorsByPrecedenceAndFromTheLeft) {
       {L"a || 'x' || b", "+(+(name a, string x), name b)", L"a + 'x' + b"},
       {L"((((a))))", "name a", L"a"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoExpression>(row);
 }
 
 // A minus right before the digits belongs to the number, so that lists of values can hold negative numbers.
 TEST(ExpressionText, MinusIsPartOfANumberItTouches) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"-5", "int32 -5", L"-5"},
       {L"- 5", "-(int32 5)", L"- 5"},
       {L"-(5)", "-(int32 5)", L"- 5"},
@@ -169,11 +150,11 @@ TEST(ExpressionText, MinusIsPartOfANumberItTouches) {
       {L"2*-3", "*(int32 2, int32 -3)", L"2 * -3"},
       {L"-1.5e-3", "double -0.0015", L"-0.0015"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoExpression>(row);
 }
 
 TEST(ExpressionText, Functions) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"Count()", "call Count()", L"Count()"},
       {L"Count(\"id\")", "call Count(name id)", L"Count(id)"},
       {L"f ( a , 1 , 'x' )", "call f(name a, int32 1, string x)", L"f(a, 1, 'x')"},
@@ -184,11 +165,11 @@ TEST(ExpressionText, Functions) {
       {L"s:f(a)", "call s:f(name a)", L"s:f(a)"},
       {L"\"a.b\".f()", "call \"a.b\".f()", L"\"a.b\".f()"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoExpression>(row);
 }
 
 TEST(ExpressionText, ComputedIdentifiersAndSubSelects) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"a + b AS total", "computed total(+(name a, name b))", L"a + b AS total"},
       {L"Count() as \"number of\"", "computed number of(call Count())", L"Count() AS \"number of\""},
       {L"(select a from s:c)", "select((name a, name s:c) where nothing)", L"(SELECT a FROM s:c)"},
@@ -199,7 +180,7 @@ TEST(ExpressionText, ComputedIdentifiersAndSubSelects) {
        L"(SELECT a FROM c LEFT OUTER JOIN d AS e ON a = e.x CROSS JOIN f WHERE b > 1)"},
       {L"(select)", "name select", L"select"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoExpression>(row);
 }
 
 TEST(ExpressionText, ComputedIdentifierWithinAnExpressionIsWrittenAsItsExpression) {
@@ -258,13 +239,8 @@ TEST(ExpressionText, WhatHasNoTextIsRefused) {
   }
 }
 
-struct Refusal {
-  wchar_t const* text;
-  char const* message;
-};
-
 TEST(ExpressionText, RefusalsNameThePlaceWhatStandsThereAndWhatWasExpected) {
-  constexpr Refusal kRows[] = {
+  constexpr TextRefusal kRows[] = {
       {L"", "Character 1: expected a value, a name, \"(\", \"-\" or NOT, but found the end of the text."},
       {L"  ", "Character 3: expected a value, a name, \"(\", \"-\" or NOT, but found the end of the text."},
       {L"a +", "Character 4: expected a value, a name, \"(\", \"-\" or NOT, but found the end of the text."},
@@ -294,17 +270,7 @@ TEST(ExpressionText, RefusalsNameThePlaceWhatStandsThereAndWhatWasExpected) {
        "Character 14: expected the text of a geometry in single quotes, but found \"5\"."},
       {L"(a = 1) + 2", "Character 9: expected AND, OR, \")\" or the end of a condition, but found \"+\"."},
   };
-  for (Refusal const& row : kRows) {
-    SCOPED_TRACE(static_cast<char const*>(FdoStringP(row.text)));
-    try {
-      FdoPtr<FdoExpression> tree = FdoExpression::Parse(row.text);
-      ADD_FAILURE() << ShapeOf(tree);
-    } catch (FdoExpressionException* caught) {
-      FdoPtr<FdoException> failure(caught);
-      EXPECT_EQ(std::string(static_cast<char const*>(FdoStringP(failure->GetExceptionMessage()))),
-                row.message);
-    }
-  }
+  for (TextRefusal const& row : kRows) ExpectRefusal<FdoExpression, FdoExpressionException>(row);
 }
 
 TEST(ExpressionText, LongTokensAreCutInMessages) {

@@ -6,33 +6,14 @@
 
 #include "Fdo.h"
 #include "sdk/runtime/core/thrown.h"
+#include "sdk/runtime/text/text_claims.h"
 #include "sdk/runtime/text/tree_shape.h"
 
 namespace fdo_sdk {
 namespace {
 
-struct Row {
-  wchar_t const* text;     // what is parsed
-  char const* shape;       // the tree
-  wchar_t const* written;  // what the tree writes
-};
-
-void ExpectRow(Row const& row) {
-  SCOPED_TRACE(static_cast<char const*>(FdoStringP(row.text)));
-  try {
-    FdoPtr<FdoFilter> tree = FdoFilter::Parse(row.text);
-    EXPECT_EQ(ShapeOf(tree), row.shape);
-    EXPECT_STREQ(tree->ToString(), row.written);
-    FdoPtr<FdoFilter> again = FdoFilter::Parse(row.written);
-    EXPECT_EQ(ShapeOf(again), row.shape);
-  } catch (FdoException* caught) {
-    FdoPtr<FdoException> failure(caught);
-    ADD_FAILURE() << static_cast<char const*>(FdoStringP(failure->GetExceptionMessage()));
-  }
-}
-
 TEST(FilterText, Comparisons) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"1=1", "=(int32 1, int32 1)", L"1 = 1"},
       {L"a<>1", "<>(name a, int32 1)", L"a <> 1"},
       {L"a>1", ">(name a, int32 1)", L"a > 1"},
@@ -50,11 +31,11 @@ TEST(FilterText, Comparisons) {
       {L"TRUE = b", "=(boolean true, name b)", L"TRUE = b"},
       {L"\"a b\" = 'c'", "=(name a b, string c)", L"\"a b\" = 'c'"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoFilter>(row);
 }
 
 TEST(FilterText, OperatorsByPrecedenceAndFromTheLeft) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"a=1 AND b=2 OR c=3", "OR(AND(=(name a, int32 1), =(name b, int32 2)), =(name c, int32 3))",
        L"a = 1 AND b = 2 OR c = 3"},
       {L"a=1 or b=2 and c=3", "OR(=(name a, int32 1), AND(=(name b, int32 2), =(name c, int32 3)))",
@@ -73,11 +54,11 @@ TEST(FilterText, OperatorsByPrecedenceAndFromTheLeft) {
       {L"NOT(a=1)", "NOT(=(name a, int32 1))", L"NOT a = 1"},
       {L"a=1AND b=2", "AND(=(name a, int32 1), =(name b, int32 2))", L"a = 1 AND b = 2"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoFilter>(row);
 }
 
 TEST(FilterText, NullTestsAndLists) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"a NULL", "NULL(name a)", L"a NULL"},
       {L"NOT a null", "NOT(NULL(name a))", L"NOT a NULL"},
       {L"Address.City NULL", "NULL(name Address.City)", L"Address.City NULL"},
@@ -90,7 +71,7 @@ TEST(FilterText, NullTestsAndLists) {
        L"a IN (SELECT b FROM c WHERE d = 1)"},
       {L"a NULL AND b IN (2)", "AND(NULL(name a), IN(name b, int32 2))", L"a NULL AND b IN (2)"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoFilter>(row);
 }
 
 TEST(FilterText, SpatialConditionsInTheOrderOfTheirEnumeration) {
@@ -108,7 +89,7 @@ TEST(FilterText, SpatialConditionsInTheOrderOfTheirEnumeration) {
 }
 
 TEST(FilterText, GeometricConditions) {
-  constexpr Row kRows[] = {
+  constexpr TextRow kRows[] = {
       {L"g INTERSECTS :p", "spatial 4(name g, parameter p)", L"g INTERSECTS :p"},
       {L"g INTERSECTS Buffer(h, 2) AND a = 1",
        "AND(spatial 4(name g, call Buffer(name h, int32 2)), =(name a, int32 1))",
@@ -121,16 +102,11 @@ TEST(FilterText, GeometricConditions) {
       {L"NOT g WITHIN h OR g TOUCHES h", "OR(NOT(spatial 7(name g, name h)), spatial 6(name g, name h))",
        L"NOT g WITHIN h OR g TOUCHES h"},
   };
-  for (Row const& row : kRows) ExpectRow(row);
+  for (TextRow const& row : kRows) ExpectTree<FdoFilter>(row);
 }
 
-struct Refusal {
-  wchar_t const* text;
-  char const* message;
-};
-
 TEST(FilterText, RefusalsNameThePlaceWhatStandsThereAndWhatWasExpected) {
-  constexpr Refusal kRows[] = {
+  constexpr TextRefusal kRows[] = {
       {L"", "Character 1: expected a value, a name, \"(\", \"-\" or NOT, but found the end of the text."},
       {L"a", "Character 2: expected a comparison or another condition, but found the end of the text."},
       {L"TRUE", "Character 5: expected a comparison or another condition, but found the end of the text."},
@@ -163,17 +139,7 @@ TEST(FilterText, RefusalsNameThePlaceWhatStandsThereAndWhatWasExpected) {
       {L"g INTERSECTS GeomFromText('LINESTRING (0 0, 1)')",
        "Character 46: expected an ordinate, but found \")\"."},
   };
-  for (Refusal const& row : kRows) {
-    SCOPED_TRACE(static_cast<char const*>(FdoStringP(row.text)));
-    try {
-      FdoPtr<FdoFilter> tree = FdoFilter::Parse(row.text);
-      ADD_FAILURE() << ShapeOf(tree);
-    } catch (FdoFilterException* caught) {
-      FdoPtr<FdoException> failure(caught);
-      EXPECT_EQ(std::string(static_cast<char const*>(FdoStringP(failure->GetExceptionMessage()))),
-                row.message);
-    }
-  }
+  for (TextRefusal const& row : kRows) ExpectRefusal<FdoFilter, FdoFilterException>(row);
 }
 
 TEST(FilterText, WhatHasNoTextIsRefused) {
