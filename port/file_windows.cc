@@ -20,6 +20,11 @@ bool CutFile(std::FILE* file, std::int64_t length) {
   return std::fflush(file) == 0 && _chsize_s(_fileno(file), length) == 0;
 }
 
+bool MayWriteFile(wchar_t const* name) {
+  constexpr int kWritePermission = 2;
+  return _waccess(name, kWritePermission) == 0;
+}
+
 std::string EnvironmentVariable(char const* name) {
   wchar_t const* value = _wgetenv(Utf16FromUtf8(name).c_str());
   return value == nullptr ? std::string() : Utf8FromUtf16(value);

@@ -3,6 +3,7 @@
 #ifndef FDO_QUILLON_H_
 #define FDO_QUILLON_H_
 
+#include <fdo/connection_string.h>
 #include <fdo/database.h>
 #include <fdo/database_ogr.h>
 #include <fdo/diagnostics.h>
