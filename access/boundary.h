@@ -22,6 +22,17 @@ Result AtBoundary(Result onFailure, Body body) {
   }
 }
 
+// The same without the line, for an attempt that another way follows.
+template <class Result, class Body>
+Result AtSilentBoundary(Result onFailure, Body body) {
+  try {
+    return body();
+  } catch (FdoException* raised) {
+    FdoPtr<FdoException> const failure(raised);
+    return onFailure;
+  }
+}
+
 // For operations without a result.
 template <class Body>
 void AtBoundary(Body body) {

@@ -11,6 +11,7 @@
 #include <fdo/row.h>
 #include <fdo/schema.h>
 #include <fdo/table.h>
+#include <fdo/table_fdo.h>
 #include <fdo/text_conversion.h>
 #include <fdo/value.h>
 

@@ -1,0 +1,122 @@
+#include "fdo_backend/insert_values.h"
+
+#include "values/date_text.h"
+
+namespace fdo::internal {
+namespace {
+
+template <class TypedValue>
+FdoValueExpression* Make() {
+  return TypedValue::Create();
+}
+
+template <class TypedValue>
+void SetDataNull(FdoValueExpression& value) {
+  static_cast<TypedValue&>(value).SetNull();
+}
+
+void SetGeometryNull(FdoValueExpression& value) { static_cast<FdoGeometryValue&>(value).SetNullValue(); }
+
+// The cell as Source, handed on as the setter's type; a number that does not fit keeps its low bits.
+template <class TypedValue, class Source, class Number, void (TypedValue::*setter)(Number)>
+void SetNumber(FdoValueExpression& value, Value const& cell) {
+  (static_cast<TypedValue&>(value).*setter)(static_cast<Number>(static_cast<Source>(cell)));
+}
+
+void SetDateTime(FdoValueExpression& value, Value const& cell) {
+  auto& dateTime = static_cast<FdoDateTimeValue&>(value);
+  FdoDateTime parsed;
+  if (ParseDateTime(cell, parsed)) {
+    dateTime.SetDateTime(parsed);
+  } else {
+    dateTime.SetNull();
+  }
+}
+
+void SetString(FdoValueExpression& value, Value const& cell) {
+  auto& string = static_cast<FdoStringValue&>(value);
+  wchar_t const* const text = cell;
+  if (text != nullptr) {
+    string.SetString(text);
+  } else {
+    string.SetNull();
+  }
+}
+
+template <class TypedValue, void (TypedValue::*setter)(FdoByteArray*)>
+void SetBytes(FdoValueExpression& value, Value const& cell) {
+  FdoByte const* const bytes = cell.AsBlob();
+  if (bytes == nullptr) return;
+  FdoPtr<FdoByteArray> const array = FdoByteArray::Create(bytes, cell.BlobLen());
+  (static_cast<TypedValue&>(value).*setter)(array);
+}
+
+constexpr InsertValues::ValueType kValueTypes[] = {
+    {ColumnDef::kGeometry, Make<FdoGeometryValue>, SetBytes<FdoGeometryValue, &FdoGeometryValue::SetGeometry>,
+     SetGeometryNull},
+    {ColumnDef::kBoolean, Make<FdoBooleanValue>,
+     SetNumber<FdoBooleanValue, bool, bool, &FdoBooleanValue::SetBoolean>, SetDataNull<FdoBooleanValue>},
+    {ColumnDef::kByte, Make<FdoByteValue>, SetNumber<FdoByteValue, __int64, FdoByte, &FdoByteValue::SetByte>,
+     SetDataNull<FdoByteValue>},
+    {ColumnDef::kDateTime, Make<FdoDateTimeValue>, SetDateTime, SetDataNull<FdoDateTimeValue>},
+    {ColumnDef::kDecimal, Make<FdoDecimalValue>,
+     SetNumber<FdoDecimalValue, double, double, &FdoDecimalValue::SetDecimal>, SetDataNull<FdoDecimalValue>},
+    {ColumnDef::kDouble, Make<FdoDoubleValue>,
+     SetNumber<FdoDoubleValue, double, double, &FdoDoubleValue::SetDouble>, SetDataNull<FdoDoubleValue>},
+    {ColumnDef::kInt16, Make<FdoInt16Value>,
+     SetNumber<FdoInt16Value, __int64, FdoInt16, &FdoInt16Value::SetInt16>, SetDataNull<FdoInt16Value>},
+    {ColumnDef::kInt32, Make<FdoInt32Value>,
+     SetNumber<FdoInt32Value, __int64, FdoInt32, &FdoInt32Value::SetInt32>, SetDataNull<FdoInt32Value>},
+    {ColumnDef::kInt64, Make<FdoInt64Value>,
+     SetNumber<FdoInt64Value, __int64, FdoInt64, &FdoInt64Value::SetInt64>, SetDataNull<FdoInt64Value>},
+    {ColumnDef::kSingle, Make<FdoSingleValue>,
+     SetNumber<FdoSingleValue, double, float, &FdoSingleValue::SetSingle>, SetDataNull<FdoSingleValue>},
+    {ColumnDef::kString, Make<FdoStringValue>, SetString, SetDataNull<FdoStringValue>},
+    {ColumnDef::kBlob, Make<FdoBLOBValue>, SetBytes<FdoLOBValue, &FdoLOBValue::SetData>,
+     SetDataNull<FdoBLOBValue>},
+    {ColumnDef::kClob, Make<FdoCLOBValue>, SetBytes<FdoLOBValue, &FdoLOBValue::SetData>,
+     SetDataNull<FdoCLOBValue>},
+};
+
+// Null where there is none.
+InsertValues::ValueType const* TypeFor(ColumnDef::DataType columnType) {
+  for (InsertValues::ValueType const& type : kValueTypes) {
+    if (type.columnType == columnType) return &type;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+InsertValues::InsertValues(TableDef const& def, FdoPropertyValueCollection& properties)
+    : idIndex_(def.IndexOfID()) {
+  slots_.reserve(static_cast<std::size_t>(def.ColumnCount()));
+  for (int column = 0; column < def.ColumnCount(); ++column) {
+    ValueType const* const type = TypeFor(def[column].Type());
+    FdoPtr<FdoValueExpression> const value(type == nullptr ? nullptr : type->make());
+    FdoPtr<FdoPropertyValue> const property(FdoPropertyValue::Create(def[column].Name(), value));
+    properties.Add(property);
+    slots_.push_back({property, value, type});
+  }
+}
+
+void InsertValues::FillFrom(Row const& row, bool leaveOutId) {
+  for (int column = 0; column < static_cast<int>(slots_.size()); ++column) {
+    Slot const& slot = slots_[static_cast<std::size_t>(column)];
+    Value const& cell = row[column];
+    if (!cell.IsValid() || cell.IsNull() || slot.type == nullptr) continue;
+    if (leaveOutId && column == idIndex_) {
+      slot.type->setNull(*slot.value);
+    } else {
+      slot.type->set(*slot.value, cell);
+    }
+  }
+}
+
+void InsertValues::SetAllNull() {
+  for (Slot const& slot : slots_) {
+    if (slot.type != nullptr) slot.type->setNull(*slot.value);
+  }
+}
+
+}  // namespace fdo::internal

@@ -1,0 +1,81 @@
+// One property of a reader's current feature as the value of a cell.
+#ifndef FDO_BACKEND_READER_CELL_H_
+#define FDO_BACKEND_READER_CELL_H_
+
+#include <Fdo.h>
+#include <fdo/schema.h>
+#include <fdo/value.h>
+
+#include "values/date_text.h"
+
+namespace fdo::internal {
+
+template <class Key>
+void ReadDateTime(FdoIFeatureReader& reader, Key property, Value& cell) {
+  wchar_t text[kDateTextSize];
+  if (FormatDateTime(reader.GetDateTime(property), text) > 0) {
+    cell.Reset(text, /*copy=*/true);
+  } else {
+    cell.Reset();
+  }
+}
+
+template <class Key>
+void ReadLargeObject(FdoIFeatureReader& reader, Key property, Value& cell) {
+  FdoPtr<FdoLOBValue> const object = reader.GetLOB(property);
+  FdoPtr<FdoByteArray> const bytes = object == nullptr ? nullptr : object->GetData();
+  if (bytes == nullptr) {
+    cell.Reset();
+    return;
+  }
+  // An array without elements may have no address, and is empty, not null.
+  static constexpr FdoByte kNoBytes = 0;
+  FdoInt32 const count = bytes->GetCount();
+  cell.Reset(count > 0 ? bytes->GetData() : &kNoBytes, count, /*copy=*/true);
+}
+
+// Key is a position or a name. Text and geometry are borrowed from the reader.
+// Errors: what the reader throws.
+template <class Key>
+void ReadCell(FdoIFeatureReader& reader, Key property, ColumnDef::DataType type, Value& cell) {
+  if (reader.IsNull(property)) {
+    cell.Reset();
+    return;
+  }
+  switch (type) {
+    case ColumnDef::kGeometry: {
+      FdoInt32 count = 0;
+      FdoByte const* const bytes = reader.GetGeometry(property, &count);
+      return cell.Reset(bytes, count, /*copy=*/false);
+    }
+    case ColumnDef::kBoolean:
+      return cell.Reset(static_cast<bool>(reader.GetBoolean(property)));
+    case ColumnDef::kByte:
+      return cell.Reset(static_cast<int>(reader.GetByte(property)));
+    case ColumnDef::kDateTime:
+      return ReadDateTime(reader, property, cell);
+    case ColumnDef::kDecimal:  // readers have no getter of its own for it
+    case ColumnDef::kDouble:
+      return cell.Reset(reader.GetDouble(property));
+    case ColumnDef::kInt16:
+      return cell.Reset(static_cast<int>(reader.GetInt16(property)));
+    case ColumnDef::kInt32:
+      return cell.Reset(reader.GetInt32(property));
+    case ColumnDef::kInt64:
+      return cell.Reset(reader.GetInt64(property));
+    case ColumnDef::kSingle:
+      return cell.Reset(reader.GetSingle(property));
+    case ColumnDef::kString:
+      return cell.Reset(reader.GetString(property), /*copy=*/false);
+    case ColumnDef::kBlob:
+    case ColumnDef::kClob:
+      return ReadLargeObject(reader, property, cell);
+    case ColumnDef::kUnset:
+      break;
+  }
+  cell.Invalidate();  // a type without a getter
+}
+
+}  // namespace fdo::internal
+
+#endif  // FDO_BACKEND_READER_CELL_H_
