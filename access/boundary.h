@@ -8,29 +8,31 @@
 
 namespace fdo {
 
-// Runs body, a public operation of a back end, and gives its result. A platform exception is reported
-// on one line, released, and becomes onFailure.
-template <class Result, class Body>
-Result AtBoundary(Result onFailure, Body body) {
+// Runs body, a public operation of a back end, and gives its result. A platform exception is handed
+// over as its message, which may be null, to report; it is released, and becomes onFailure.
+template <class Result, class Report, class Body>
+Result AtBoundaryReporting(Result onFailure, Report report, Body body) {
   try {
     return body();
   } catch (FdoException* raised) {
     FdoPtr<FdoException> const failure(raised);  // takes over the reference
-    // A message may be missing; ReportError knows that.
-    ReportError(raised->GetExceptionMessage());
+    report(raised->GetExceptionMessage());
     return onFailure;
   }
 }
 
-// The same without the line, for an attempt that another way follows.
+// The same with the message alone on one line.
+template <class Result, class Body>
+Result AtBoundary(Result onFailure, Body body) {
+  return AtBoundaryReporting(
+      onFailure, [](FdoString* message) { ReportError(message); }, body);
+}
+
+// The same without a line, for an attempt that another way follows.
 template <class Result, class Body>
 Result AtSilentBoundary(Result onFailure, Body body) {
-  try {
-    return body();
-  } catch (FdoException* raised) {
-    FdoPtr<FdoException> const failure(raised);
-    return onFailure;
-  }
+  return AtBoundaryReporting(
+      onFailure, [](FdoString*) {}, body);
 }
 
 // For operations without a result.

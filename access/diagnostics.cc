@@ -74,6 +74,28 @@ void WriteLine(std::string& line) {
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
+void Report(std::string_view prefix, wchar_t const* message) {
+  if (message == nullptr) message = L"";
+  if (Receiver const receiver = CurrentReceiver(); receiver.handler != nullptr) {
+    receiver.handler(message, receiver.context);
+    return;
+  }
+  std::string line(prefix);
+  AppendUtf8(line, message);
+  WriteLine(line);
+}
+
+void Report(std::string_view prefix, char const* message) {
+  if (message == nullptr) message = "";
+  if (Receiver const receiver = CurrentReceiver(); receiver.handler != nullptr) {
+    receiver.handler(ToWide(message).c_str(), receiver.context);
+    return;
+  }
+  std::string line(prefix);
+  line += message;
+  WriteLine(line);
+}
+
 }  // namespace
 
 void SetDiagnosticHandler(DiagnosticHandler handler, void* context) {
@@ -81,26 +103,10 @@ void SetDiagnosticHandler(DiagnosticHandler handler, void* context) {
   SharedReceiver() = {handler, context};
 }
 
-void ReportError(wchar_t const* message) {
-  if (message == nullptr) message = L"";
-  if (Receiver const receiver = CurrentReceiver(); receiver.handler != nullptr) {
-    receiver.handler(message, receiver.context);
-    return;
-  }
-  std::string line(kPrefix);
-  AppendUtf8(line, message);
-  WriteLine(line);
-}
+void ReportError(wchar_t const* message) { Report(kPrefix, message); }
+void ReportError(char const* message) { Report(kPrefix, message); }
 
-void ReportError(char const* message) {
-  if (message == nullptr) message = "";
-  if (Receiver const receiver = CurrentReceiver(); receiver.handler != nullptr) {
-    receiver.handler(ToWide(message).c_str(), receiver.context);
-    return;
-  }
-  std::string line(kPrefix);
-  line += message;
-  WriteLine(line);
-}
+void ReportLine(wchar_t const* line) { Report({}, line); }
+void ReportLine(char const* line) { Report({}, line); }
 
 }  // namespace fdo

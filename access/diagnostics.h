@@ -11,6 +11,10 @@ void ReportError(wchar_t const* message);
 // The same with a message in UTF-8.
 void ReportError(char const* message);
 
+// The same for a line that begins with its own words: nothing is put in front of it.
+void ReportLine(wchar_t const* line);
+void ReportLine(char const* line);
+
 }  // namespace fdo
 
 #endif  // ACCESS_DIAGNOSTICS_H_

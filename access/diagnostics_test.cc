@@ -39,6 +39,15 @@ TEST(Diagnostics, OneLineWithoutAHandler) {
   EXPECT_EQ("Quillon error: 100%s\n", ErrorStream([] { ReportError("100%s"); })) << "a message is no format";
 }
 
+TEST(Diagnostics, ALineOfItsOwnWordsHasNothingInFront) {
+  EXPECT_EQ("No providers found\n", ErrorStream([] { ReportLine("No providers found"); }));
+  EXPECT_EQ("\xC3\xA9t\xC3\xA9\n", ErrorStream([] { ReportLine(L"\xE9t\xE9"); }));
+  Collector collector;
+  ReportLine(L"wide");
+  ReportLine("narrow");
+  EXPECT_EQ((std::vector<std::wstring>{L"wide", L"narrow"}), collector.messages);
+}
+
 TEST(Diagnostics, Utf8EvenInTheCLocale) {
   ASSERT_STREQ("C", std::setlocale(LC_ALL, nullptr));
   struct {
@@ -133,6 +142,20 @@ TEST(Boundary, AnExceptionIsReportedReleasedAndBecomesTheFailure) {
       ErrorStream([&] { EXPECT_EQ(-1, AtBoundary(-1, [&]() -> int { throw FDO_SAFE_ADDREF(kept.p); })); });
   EXPECT_EQ("Quillon error: it broke\n", stream);
   EXPECT_EQ(1, kept->GetRefCount());
+}
+
+TEST(Boundary, AReportOfTheCallersOwnTakesTheMessage) {
+  std::vector<std::wstring> taken;
+  auto const take = [&taken](FdoString* message) {
+    taken.emplace_back(message == nullptr ? L"(null)" : message);
+  };
+  EXPECT_EQ("", ErrorStream([&] {
+              EXPECT_EQ(3, AtBoundaryReporting(-1, take, [] { return 3; }));
+              EXPECT_EQ(-1, AtBoundaryReporting(-1, take,
+                                                []() -> int { throw FdoException::Create(L"it broke"); }));
+              EXPECT_EQ(-1, AtBoundaryReporting(-1, take, []() -> int { throw FdoException::Create(); }));
+            }));
+  EXPECT_EQ((std::vector<std::wstring>{L"it broke", L"(null)"}), taken);
 }
 
 TEST(Boundary, OperationsWithoutAResult) {

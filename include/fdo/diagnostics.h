@@ -12,7 +12,8 @@ namespace fdo {
 using DiagnosticHandler = void (*)(wchar_t const* message, void* context);
 
 // Sends every later message of the process to handler instead of the standard error stream, where it
-// is written as "Quillon error: <message>" in UTF-8; a null handler restores that.
+// is written as "Quillon error: <message>" in UTF-8, or alone when it begins with words of its own, as
+// "FDO connection failure"; a null handler restores that.
 // Requires: context stays valid until another handler has been set and no message is on its way.
 // Threads: any.
 QUILLON_EXPORT void SetDiagnosticHandler(DiagnosticHandler handler, void* context);
