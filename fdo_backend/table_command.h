@@ -4,6 +4,8 @@
 
 #include <Fdo.h>
 
+#include "fdo_backend/command.h"
+
 namespace fdo::internal {
 
 // A new command of that type, which is Command's, for the features of that class.
@@ -11,7 +13,7 @@ namespace fdo::internal {
 template <class Command>
 FdoPtr<Command> MakeTableCommand(FdoIConnection* connection, int type, wchar_t const* className) {
   if (connection == nullptr) throw FdoException::Create(L"The table has no connection.");
-  FdoPtr<Command> command(static_cast<Command*>(connection->CreateCommand(type)));
+  FdoPtr<Command> command = MakeCommand<Command>(*connection, type);
   command->SetFeatureClassName(className);
   return command;
 }

@@ -5,11 +5,13 @@
 
 #include <fdo/connection_string.h>
 #include <fdo/database.h>
+#include <fdo/database_fdo.h>
 #include <fdo/database_ogr.h>
 #include <fdo/diagnostics.h>
 #include <fdo/geometry_stream.h>
 #include <fdo/row.h>
 #include <fdo/schema.h>
+#include <fdo/schema_conversion.h>
 #include <fdo/table.h>
 #include <fdo/table_fdo.h>
 #include <fdo/text_conversion.h>
