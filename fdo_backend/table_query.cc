@@ -3,11 +3,10 @@
 #include <fdo/table_fdo.h>
 
 #include <algorithm>
-#include <limits>
 #include <string>
 
 #include "access/boundary.h"
-#include "fdo_backend/box_filter.h"
+#include "fdo_backend/query_filters.h"
 #include "fdo_backend/table_command.h"
 
 namespace fdo {
@@ -24,38 +23,6 @@ bool ListsExtendedSelect(FdoIConnection* connection) {
 
 void AddIdentifier(FdoIdentifierCollection& identifiers, wchar_t const* name) {
   identifiers.Add(FdoPtr<FdoIdentifier>(FdoIdentifier::Create(name)));
-}
-
-FdoPtr<FdoFilter> Comparison(FdoIdentifier* property, FdoComparisonOperations operation, __int64 bound) {
-  FdoPtr<FdoInt64Value> const literal = FdoInt64Value::Create(static_cast<FdoInt64>(bound));
-  return FdoPtr<FdoFilter>(FdoComparisonCondition::Create(property, operation, literal));
-}
-
-template <class Integer>
-bool Holds(__int64 id) {
-  return id >= std::numeric_limits<Integer>::min() && id <= std::numeric_limits<Integer>::max();
-}
-
-// The identity as a literal of its column's type, or of 64 bits where it does not fit: cut to the type
-// it would name another record. Null for a column that is no integer.
-FdoPtr<FdoDataValue> IdLiteral(ColumnDef::DataType type, __int64 id) {
-  switch (type) {
-    case ColumnDef::kInt16:
-      if (Holds<FdoInt16>(id)) {
-        return FdoPtr<FdoDataValue>(FdoInt16Value::Create(static_cast<FdoInt16>(id)));
-      }
-      break;
-    case ColumnDef::kInt32:
-      if (Holds<FdoInt32>(id)) {
-        return FdoPtr<FdoDataValue>(FdoInt32Value::Create(static_cast<FdoInt32>(id)));
-      }
-      break;
-    case ColumnDef::kInt64:
-      break;
-    default:
-      return FdoPtr<FdoDataValue>();
-  }
-  return FdoPtr<FdoDataValue>(FdoInt64Value::Create(static_cast<FdoInt64>(id)));
 }
 
 }  // namespace
@@ -103,11 +70,7 @@ void TableFdo::Query() {
 void TableFdo::QueryRange(__int64 first, __int64 last) {
   if (!def_->HasID()) throw FdoException::Create(L"The table has no identity column.");
   InitSelect();
-  FdoPtr<FdoIdentifier> const id = FdoIdentifier::Create(def_->ID().Name());
-  FdoPtr<FdoFilter> const from = Comparison(id, FdoComparisonOperations_GreaterThanOrEqualTo, first);
-  FdoPtr<FdoFilter> const to = Comparison(id, FdoComparisonOperations_LessThan, last);
-  FdoPtr<FdoFilter> const range = FdoBinaryLogicalOperator::Create(from, FdoBinaryLogicalOperations_And, to);
-  Execute(range);
+  Execute(internal::RangeFilter(def_->ID().Name(), first, last));
 }
 
 void TableFdo::Query(double const* const box, FdoFilter* filter) {
@@ -140,7 +103,8 @@ void TableFdo::Query(FdoFilter* filter, wchar_t const* orderBy, bool ascending) 
 }
 
 FdoPtr<FdoFilter> TableFdo::GetIdFilter(__int64 id) const {
-  FdoPtr<FdoDataValue> const literal = IdLiteral(def_->HasID() ? def_->ID().Type() : ColumnDef::kUnset, id);
+  FdoPtr<FdoDataValue> const literal =
+      internal::IdLiteral(def_->HasID() ? def_->ID().Type() : ColumnDef::kUnset, id);
   if (literal == nullptr) {
     ReportError(L"unsupported feature ID type used");
     return FdoPtr<FdoFilter>();
