@@ -6,6 +6,8 @@
 
 #include "fdo_backend/command.h"
 
+#include "fdo_backend/command.h"
+
 namespace fdo::internal {
 
 // A new command of that type, which is Command's, for the features of that class.
