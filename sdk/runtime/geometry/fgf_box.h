@@ -29,6 +29,15 @@ struct FgfBox {
     maxZ = z > maxZ ? z : maxZ;
   }
 
+  void Join(FgfBox const& other) {
+    minX = other.minX < minX ? other.minX : minX;
+    minY = other.minY < minY ? other.minY : minY;
+    minZ = other.minZ < minZ ? other.minZ : minZ;
+    maxX = other.maxX > maxX ? other.maxX : maxX;
+    maxY = other.maxY > maxY ? other.maxY : maxY;
+    maxZ = other.maxZ > maxZ ? other.maxZ : maxZ;
+  }
+
   // In X and Y, edges included. Both are false where either box is empty.
   bool Intersects(FgfBox const& other) const {
     return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;

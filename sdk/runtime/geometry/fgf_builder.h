@@ -12,6 +12,10 @@ namespace fdo_sdk {
 class FgfBuilder {
  public:
   std::size_t Size() const { return bytes_.size(); }
+  // Borrowed: until the next change.
+  FdoByte const* Data() const { return bytes_.data(); }
+  // Keeps the room.
+  void Clear() { bytes_.clear(); }
 
   void Bytes(void const* data, std::size_t size) {
     auto const* const begin = static_cast<FdoByte const*>(data);

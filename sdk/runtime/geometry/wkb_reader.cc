@@ -1,164 +1,20 @@
 #include "sdk/runtime/geometry/wkb_reader.h"
 
-#include <algorithm>
 #include <limits>
 #include <string>
+#include <type_traits>
 
-#include "sdk/runtime/geometry/wkb_layout.h"
+#include "sdk/runtime/geometry/fgf_scan.h"
+#include "sdk/runtime/geometry/wkb_cursor.h"
 
 namespace fdo_sdk {
 
 namespace {
 
-// Reads WKB front to back and never past its end, in the byte order that was announced last.
-class WkbCursor {
+// Reads the curves. Their starts and counts are known only when their members have been read.
+class WkbCurveReader {
  public:
-  WkbCursor(FdoByte const* begin, std::size_t size) : at_(begin), end_(begin + size) {}
-
-  std::size_t Left() const { return static_cast<std::size_t>(end_ - at_); }
-
-  FdoByte const* Take(std::size_t size) {
-    if (size > Left()) ThrowInvalidWkb();
-    FdoByte const* const taken = at_;
-    at_ += size;
-    return taken;
-  }
-
-  void ByteOrder() {
-    FdoByte const order = *Take(1);
-    if (order > 1) ThrowInvalidWkb();
-    bigEndian_ = order == 0;
-  }
-
-  std::uint32_t Uint32() {
-    FdoByte const* const taken = Take(sizeof(std::uint32_t));
-    return bigEndian_ ? Reversed<std::uint32_t>(taken) : Load<std::uint32_t>(taken);
-  }
-
-  FdoInt32 Count(std::size_t smallest) {
-    std::uint32_t const count = Uint32();
-    if (count > static_cast<std::uint32_t>(std::numeric_limits<FdoInt32>::max()) ||
-        count > Left() / smallest) {
-      ThrowInvalidWkb();
-    }
-    return static_cast<FdoInt32>(count);
-  }
-
-  void CopyPositions(FdoInt32 count, FdoInt32 dimensionality, FgfBuilder& out) {
-    std::size_t const size = static_cast<std::size_t>(count) * PositionBytes(dimensionality);
-    FdoByte const* const taken = Take(size);
-    if (!bigEndian_) return out.Bytes(taken, size);
-    for (std::size_t at = 0; at < size; at += sizeof(double)) out.Double(Reversed<double>(taken + at));
-  }
-
- private:
-  template <class Number>
-  static Number Reversed(FdoByte const* from) {
-    FdoByte turned[sizeof(Number)];
-    std::reverse_copy(from, from + sizeof(Number), turned);
-    return Load<Number>(turned);
-  }
-
-  FdoByte const* at_;
-  FdoByte const* end_;
-  bool bigEndian_ = false;
-};
-
-struct WkbHead {
-  std::uint32_t type;
-  FdoInt32 dimensionality;
-};
-
-class WkbReader {
- public:
-  WkbReader(FdoByte const* wkb, std::size_t size, FgfBuilder& out) : in_(wkb, size), out_(out) {}
-
-  void Geometry(int level) {
-    if (level > kMaxLevels) ThrowInvalidWkb();
-    WkbHead const head = Head();
-    switch (head.type) {
-      case kWkbPoint:
-      case kWkbLineString:
-      case kWkbPolygon:
-        return Simple(head);
-      case kWkbMultiPoint:
-        return Parts(FdoGeometryType_MultiPoint, kWkbPoint);
-      case kWkbMultiLineString:
-        return Parts(FdoGeometryType_MultiLineString, kWkbLineString);
-      case kWkbMultiPolygon:
-        return Parts(FdoGeometryType_MultiPolygon, kWkbPolygon);
-      case kWkbGeometryCollection: {
-        FdoInt32 const count = BeginParts(FdoGeometryType_MultiGeometry);
-        for (FdoInt32 i = 0; i < count; ++i) Geometry(level + 1);
-        return;
-      }
-      case kWkbCircularString:
-      case kWkbCompoundCurve:
-        return CurveString(head);
-      case kWkbCurvePolygon:
-        return CurvePolygon(head);
-      case kWkbMultiCurve: {
-        FdoInt32 const count = BeginParts(FdoGeometryType_MultiCurveString);
-        for (FdoInt32 i = 0; i < count; ++i) CurveString(Head());
-        return;
-      }
-      case kWkbMultiSurface: {
-        FdoInt32 const count = BeginParts(FdoGeometryType_MultiCurvePolygon);
-        for (FdoInt32 i = 0; i < count; ++i) CurvePolygon(Head());
-        return;
-      }
-      default:
-        ThrowFailure(
-            (L"The WKB geometry type " + std::to_wstring(head.type) + L" is not supported.").c_str());
-    }
-  }
-
- private:
-  WkbHead Head() {
-    in_.ByteOrder();
-    std::uint32_t word = in_.Uint32();
-    bool const oldZ = (word & kWkbOldZ) != 0;
-    word &= ~kWkbOldZ;
-    std::uint32_t const thousands = word / kWkbThousand;
-    if (thousands > (FdoDimensionality_Z | FdoDimensionality_M)) ThrowInvalidWkb();
-    FdoInt32 const iso = static_cast<FdoInt32>(thousands);
-    return {word % kWkbThousand, oldZ ? iso | FdoDimensionality_Z : iso};
-  }
-
-  FdoInt32 PositionCount(FdoInt32 dimensionality) { return in_.Count(PositionBytes(dimensionality)); }
-
-  void Simple(WkbHead const& head) {
-    FdoInt32 const dimensionality = head.dimensionality;
-    out_.Uint32(head.type);
-    out_.Int32(dimensionality);
-    if (head.type == kWkbPoint) return in_.CopyPositions(1, dimensionality, out_);
-    if (head.type == kWkbLineString) return CountedPositions(dimensionality);
-    FdoInt32 const rings = in_.Count(kSmallestWkbRing);
-    out_.Int32(rings);
-    for (FdoInt32 i = 0; i < rings; ++i) CountedPositions(dimensionality);
-  }
-
-  void CountedPositions(FdoInt32 dimensionality) {
-    FdoInt32 const count = PositionCount(dimensionality);
-    out_.Int32(count);
-    in_.CopyPositions(count, dimensionality, out_);
-  }
-
-  FdoInt32 BeginParts(FdoGeometryType fgfType) {
-    FdoInt32 const count = in_.Count(kSmallestWkbPart);
-    out_.Int32(fgfType);
-    out_.Int32(count);
-    return count;
-  }
-
-  void Parts(FdoGeometryType fgfType, std::uint32_t partType) {
-    FdoInt32 const count = BeginParts(fgfType);
-    for (FdoInt32 i = 0; i < count; ++i) {
-      WkbHead const head = Head();
-      if (head.type != partType) ThrowInvalidWkb();
-      Simple(head);
-    }
-  }
+  WkbCurveReader(WkbCursor& in, FgfBuilder& out) : in_(in), out_(out) {}
 
   void CurveString(WkbHead const& head) {
     out_.Int32(FdoGeometryType_CurveString);
@@ -183,8 +39,9 @@ class WkbReader {
     }
   }
 
+ private:
   WkbHead MemberHead(FdoInt32 dimensionality) {
-    WkbHead const head = Head();
+    WkbHead const head = in_.Head();
     if (head.dimensionality != dimensionality) ThrowInvalidWkb();
     return head;
   }
@@ -212,24 +69,24 @@ class WkbReader {
   FdoInt32 Member(WkbHead const& head, std::size_t startAt) {
     bool const arcs = head.type == kWkbCircularString;
     if (!arcs && head.type != kWkbLineString) ThrowInvalidWkb();
-    FdoInt32 const count = PositionCount(head.dimensionality);
+    FdoInt32 const count = in_.Count(PositionBytes(head.dimensionality));
     if (count == 0) return 0;
     if (arcs && count % 2 == 0) ThrowInvalidWkb();
     FgfBuilder first;
-    in_.CopyPositions(1, head.dimensionality, first);
+    in_.Positions(1, head.dimensionality, first);
     // Arcs of one position that is nowhere are how an empty curve may be written, too.
     if (arcs && count == 1 && first.IsNanAt(0) && first.IsNanAt(sizeof(double))) return 0;
     Join(first, startAt);
     if (!arcs) {
       out_.Int32(FdoGeometryComponentType_LineStringSegment);
       out_.Int32(count - 1);
-      in_.CopyPositions(count - 1, head.dimensionality, out_);
+      in_.Positions(count - 1, head.dimensionality, out_);
       if (count > 1) previousAt_ = out_.Size() - PositionBytes(head.dimensionality);
       return 1;
     }
     for (FdoInt32 i = 1; i < count; i += 2) {
       out_.Int32(FdoGeometryComponentType_CircularArcSegment);
-      in_.CopyPositions(2, head.dimensionality, out_);
+      in_.Positions(2, head.dimensionality, out_);
       previousAt_ = out_.Size() - PositionBytes(head.dimensionality);
     }
     return count / 2;
@@ -247,16 +104,129 @@ class WkbReader {
 
   static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 
-  WkbCursor in_;
+  WkbCursor& in_;
   FgfBuilder& out_;
   std::size_t previousAt_ = kNowhere;  // where the end of the curve so far was written
 };
 
+// Takes the place of FgfBuilder where only the box is wanted.
+struct WkbBoxSink : BoxSink {
+  void Uint32(std::uint32_t) {}
+  void Int32(FdoInt32) {}
+};
+
+// Out is FgfBuilder, or WkbBoxSink: what one of them accepts the other does.
+template <class Out>
+class WkbReader {
+ public:
+  WkbReader(WkbCursor& in, Out& out) : in_(in), out_(out) {}
+
+  void Geometry(int level) {
+    if (level > kMaxLevels) ThrowInvalidWkb();
+    WkbHead const head = in_.Head();
+    switch (head.type) {
+      case kWkbPoint:
+      case kWkbLineString:
+      case kWkbPolygon:
+        return Simple(head);
+      case kWkbMultiPoint:
+        return Parts(FdoGeometryType_MultiPoint, kWkbPoint);
+      case kWkbMultiLineString:
+        return Parts(FdoGeometryType_MultiLineString, kWkbLineString);
+      case kWkbMultiPolygon:
+        return Parts(FdoGeometryType_MultiPolygon, kWkbPolygon);
+      case kWkbGeometryCollection: {
+        FdoInt32 const count = BeginParts(FdoGeometryType_MultiGeometry);
+        for (FdoInt32 i = 0; i < count; ++i) Geometry(level + 1);
+        return;
+      }
+      case kWkbCircularString:
+      case kWkbCompoundCurve:
+        return Curve([&](WkbCurveReader reader) { reader.CurveString(head); });
+      case kWkbCurvePolygon:
+        return Curve([&](WkbCurveReader reader) { reader.CurvePolygon(head); });
+      case kWkbMultiCurve: {
+        FdoInt32 const count = BeginParts(FdoGeometryType_MultiCurveString);
+        for (FdoInt32 i = 0; i < count; ++i)
+          Curve([&](WkbCurveReader reader) { reader.CurveString(in_.Head()); });
+        return;
+      }
+      case kWkbMultiSurface: {
+        FdoInt32 const count = BeginParts(FdoGeometryType_MultiCurvePolygon);
+        for (FdoInt32 i = 0; i < count; ++i)
+          Curve([&](WkbCurveReader reader) { reader.CurvePolygon(in_.Head()); });
+        return;
+      }
+      default:
+        ThrowFailure(
+            (L"The WKB geometry type " + std::to_wstring(head.type) + L" is not supported.").c_str());
+    }
+  }
+
+ private:
+  void Simple(WkbHead const& head) {
+    FdoInt32 const dimensionality = head.dimensionality;
+    out_.Uint32(head.type);
+    out_.Int32(dimensionality);
+    if (head.type == kWkbPoint) return in_.Positions(1, dimensionality, out_);
+    if (head.type == kWkbLineString) return CountedPositions(dimensionality);
+    FdoInt32 const rings = in_.Count(kSmallestWkbRing);
+    out_.Int32(rings);
+    for (FdoInt32 i = 0; i < rings; ++i) CountedPositions(dimensionality);
+  }
+
+  void CountedPositions(FdoInt32 dimensionality) {
+    FdoInt32 const count = in_.Count(PositionBytes(dimensionality));
+    out_.Int32(count);
+    in_.Positions(count, dimensionality, out_);
+  }
+
+  FdoInt32 BeginParts(FdoGeometryType fgfType) {
+    FdoInt32 const count = in_.Count(kSmallestWkbPart);
+    out_.Int32(fgfType);
+    out_.Int32(count);
+    return count;
+  }
+
+  void Parts(FdoGeometryType fgfType, std::uint32_t partType) {
+    FdoInt32 const count = BeginParts(fgfType);
+    for (FdoInt32 i = 0; i < count; ++i) {
+      WkbHead const head = in_.Head();
+      if (head.type != partType) ThrowInvalidWkb();
+      Simple(head);
+    }
+  }
+
+  template <class Read>
+  void Curve(Read read) {
+    if constexpr (std::is_same_v<Out, FgfBuilder>) {
+      read(WkbCurveReader(in_, out_));
+    } else {
+      FgfBuilder fgf;
+      read(WkbCurveReader(in_, fgf));
+      out_.box.Join(ScanFgf(fgf.Data(), fgf.Size()).box);
+    }
+  }
+
+  WkbCursor& in_;
+  Out& out_;
+};
+
+template <class Out>
+void Read(FdoByte const* wkb, std::size_t size, Out& out) {
+  if (wkb == nullptr) ThrowInvalidWkb();
+  WkbCursor in(wkb, size);
+  WkbReader<Out>(in, out).Geometry(1);
+}
+
 }  // namespace
 
-void ReadWkb(FdoByte const* wkb, std::size_t size, FgfBuilder& out) {
-  if (wkb == nullptr) ThrowInvalidWkb();
-  WkbReader(wkb, size, out).Geometry(1);
+void ReadWkb(FdoByte const* wkb, std::size_t size, FgfBuilder& out) { Read(wkb, size, out); }
+
+FgfBox MeasureWkb(FdoByte const* wkb, std::size_t size) {
+  WkbBoxSink sink;
+  Read(wkb, size, sink);
+  return sink.box;
 }
 
 }  // namespace fdo_sdk
