@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace fdo {
 namespace {
@@ -66,6 +67,8 @@ void AppendUtf8(std::string& line, wchar_t const* text) {
   }
 }
 
+thread_local DiagnosticWatch* youngestWatch = nullptr;
+
 constexpr std::string_view kPrefix = "Quillon error: ";
 
 void WriteLine(std::string& line) {
@@ -76,6 +79,7 @@ void WriteLine(std::string& line) {
 
 void Report(std::string_view prefix, wchar_t const* message) {
   if (message == nullptr) message = L"";
+  DiagnosticWatch::Note(message);
   if (Receiver const receiver = CurrentReceiver(); receiver.handler != nullptr) {
     receiver.handler(message, receiver.context);
     return;
@@ -87,6 +91,7 @@ void Report(std::string_view prefix, wchar_t const* message) {
 
 void Report(std::string_view prefix, char const* message) {
   if (message == nullptr) message = "";
+  DiagnosticWatch::Note(message);
   if (Receiver const receiver = CurrentReceiver(); receiver.handler != nullptr) {
     receiver.handler(ToWide(message).c_str(), receiver.context);
     return;
@@ -108,5 +113,20 @@ void ReportError(char const* message) { Report(kPrefix, message); }
 
 void ReportLine(wchar_t const* line) { Report({}, line); }
 void ReportLine(char const* line) { Report({}, line); }
+
+DiagnosticWatch::DiagnosticWatch() : elder_(std::exchange(youngestWatch, this)) {}
+
+DiagnosticWatch::~DiagnosticWatch() { youngestWatch = elder_; }
+
+void DiagnosticWatch::Note(wchar_t const* message) {
+  for (DiagnosticWatch* watch = youngestWatch; watch != nullptr; watch = watch->elder_) {
+    if (!watch->lines_.empty()) watch->lines_ += L'\n';
+    watch->lines_ += message;
+  }
+}
+
+void DiagnosticWatch::Note(char const* message) {
+  if (youngestWatch != nullptr) Note(ToWide(message).c_str());
+}
 
 }  // namespace fdo

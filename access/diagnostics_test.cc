@@ -48,6 +48,21 @@ TEST(Diagnostics, ALineOfItsOwnWordsHasNothingInFront) {
   EXPECT_EQ((std::vector<std::wstring>{L"wide", L"narrow"}), collector.messages);
 }
 
+TEST(Diagnostics, AWatchKeepsACopyOfWhatItsThreadReports) {
+  Collector collector;
+  DiagnosticWatch const outer;
+  ReportError(L"one");
+  {
+    DiagnosticWatch const inner;
+    ReportLine("two");
+    std::thread([] { ReportError("another thread's"); }).join();
+    EXPECT_EQ(inner.Lines(), L"two");
+  }
+  ReportError(L"three");
+  EXPECT_EQ(outer.Lines(), L"one\ntwo\nthree");
+  EXPECT_EQ(collector.messages.size(), 4u) << "which go their way all the same";
+}
+
 TEST(Diagnostics, Utf8EvenInTheCLocale) {
   ASSERT_STREQ("C", std::setlocale(LC_ALL, nullptr));
   struct {
