@@ -7,9 +7,11 @@
 #include <fdo/database.h>
 #include <fdo/database_fdo.h>
 #include <fdo/database_ogr.h>
+#include <fdo/db_pool.h>
 #include <fdo/diagnostics.h>
 #include <fdo/geometry_stream.h>
 #include <fdo/row.h>
+#include <fdo/scroller.h>
 #include <fdo/schema.h>
 #include <fdo/schema_conversion.h>
 #include <fdo/table.h>

@@ -1,6 +1,6 @@
 #include "testing/memory_provider/capabilities.h"
 
-#include <utility>
+#include "testing/memory_provider/commands.h"
 
 namespace memory_provider {
 namespace {
@@ -87,8 +87,6 @@ class SchemaCapabilities : public FdoISchemaCapabilities {
 
 class CommandCapabilities : public FdoICommandCapabilities {
  public:
-  explicit CommandCapabilities(std::vector<FdoInt32> types) : commands_(std::move(types)) {}
-
   FdoInt32* GetCommands(FdoInt32& size) override {
     size = static_cast<FdoInt32>(commands_.size());
     return commands_.data();
@@ -105,7 +103,7 @@ class CommandCapabilities : public FdoICommandCapabilities {
   void Dispose() override { delete this; }
 
  private:
-  std::vector<FdoInt32> commands_;
+  std::vector<FdoInt32> commands_ = CommandTypes();
 };
 
 class FilterCapabilities : public FdoIFilterCapabilities {
@@ -204,9 +202,7 @@ class GeometryCapabilities : public FdoIGeometryCapabilities {
 
 FdoIConnectionCapabilities* MakeConnectionCapabilities() { return new ConnectionCapabilities(); }
 FdoISchemaCapabilities* MakeSchemaCapabilities() { return new SchemaCapabilities(); }
-FdoICommandCapabilities* MakeCommandCapabilities(std::vector<FdoInt32> commandTypes) {
-  return new CommandCapabilities(std::move(commandTypes));
-}
+FdoICommandCapabilities* MakeCommandCapabilities() { return new CommandCapabilities(); }
 FdoIFilterCapabilities* MakeFilterCapabilities() { return new FilterCapabilities(); }
 FdoIExpressionCapabilities* MakeExpressionCapabilities() { return new ExpressionCapabilities(); }
 FdoIRasterCapabilities* MakeRasterCapabilities() { return new RasterCapabilities(); }

@@ -1,8 +1,6 @@
-// What a provider for tests says about itself.
+// What the memory provider says about itself.
 #ifndef TESTING_MEMORY_PROVIDER_CAPABILITIES_H_
 #define TESTING_MEMORY_PROVIDER_CAPABILITIES_H_
-
-#include <vector>
 
 #include "Fdo.h"
 
@@ -11,7 +9,7 @@ namespace memory_provider {
 // Give: one reference.
 FdoIConnectionCapabilities* MakeConnectionCapabilities();
 FdoISchemaCapabilities* MakeSchemaCapabilities();
-FdoICommandCapabilities* MakeCommandCapabilities(std::vector<FdoInt32> commandTypes);
+FdoICommandCapabilities* MakeCommandCapabilities();
 FdoIFilterCapabilities* MakeFilterCapabilities();
 FdoIExpressionCapabilities* MakeExpressionCapabilities();
 FdoIRasterCapabilities* MakeRasterCapabilities();

@@ -1,11 +1,16 @@
 #include "testing/memory_provider/commands.h"
 
-#include "testing/memory_provider/command_table.h"
+#include <string>
 
 namespace memory_provider {
 namespace {
 
-constexpr CommandOfType<Connection> kCommands[] = {
+struct CommandOfType {
+  FdoInt32 type;
+  FdoICommand* (*make)(Connection*);
+};
+
+constexpr CommandOfType kCommands[] = {
     {FdoCommandType_Select, &MakeSelect},
     {FdoCommandType_Insert, &MakeInsert},
     {FdoCommandType_Delete, &MakeDelete},
@@ -23,12 +28,16 @@ constexpr CommandOfType<Connection> kCommands[] = {
 
 std::vector<FdoInt32> CommandTypes() {
   std::vector<FdoInt32> types;
-  for (CommandOfType<Connection> const& row : kCommands) types.push_back(row.type);
+  for (CommandOfType const& row : kCommands) types.push_back(row.type);
   return types;
 }
 
 FdoICommand* MakeCommand(Connection* connection, FdoInt32 commandType) {
-  return MakeFrom(kCommands, connection, commandType);
+  for (CommandOfType const& row : kCommands) {
+    if (row.type == commandType) return row.make(connection);
+  }
+  std::wstring const message = L"The memory provider has no command " + std::to_wstring(commandType) + L".";
+  throw FdoConnectionException::Create(message.c_str());
 }
 
 }  // namespace memory_provider

@@ -37,9 +37,7 @@ class ConnectionInfo : public FdoIConnectionInfo {
 
 FdoIConnectionCapabilities* Connection::GetConnectionCapabilities() { return MakeConnectionCapabilities(); }
 FdoISchemaCapabilities* Connection::GetSchemaCapabilities() { return MakeSchemaCapabilities(); }
-FdoICommandCapabilities* Connection::GetCommandCapabilities() {
-  return MakeCommandCapabilities(CommandTypes());
-}
+FdoICommandCapabilities* Connection::GetCommandCapabilities() { return MakeCommandCapabilities(); }
 FdoIFilterCapabilities* Connection::GetFilterCapabilities() { return MakeFilterCapabilities(); }
 FdoIExpressionCapabilities* Connection::GetExpressionCapabilities() { return MakeExpressionCapabilities(); }
 FdoIRasterCapabilities* Connection::GetRasterCapabilities() { return MakeRasterCapabilities(); }

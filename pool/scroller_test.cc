@@ -1,0 +1,104 @@
+#include <Fdo.h>
+#include <fdo/scroller.h>
+
+#include <fdo/db_pool.h>
+#include <gtest/gtest.h>
+
+#include "ogr_backend/ogr_test_files.h"
+#include "testing/captured_diagnostics.h"
+#include "testing/scratch_directory.h"
+
+namespace fdo {
+namespace {
+
+class ScrollerTest : public testing::TestWithParam<OgrFormat> {
+ protected:
+  ScrollerTest() { connection_ = DbPool::GetConnection(path_.c_str()); }
+  ~ScrollerTest() override {
+    connection_ = nullptr;
+    DbPool::CloseAllFreeConnections();
+  }
+
+  Database& Connection() { return *static_cast<Database*>(connection_); }
+  Table& TownTable() { return Connection()[0]; }
+
+  CapturedDiagnostics diagnostics_;
+  ScratchDirectory const scratch_;
+  std::wstring const path_ = WriteTowns(scratch_, GetParam());
+  DbHandle connection_;
+};
+
+std::wstring NameOf(Row const* row) {
+  if (row == nullptr) return L"no row";
+  Value const& name = (*row)[L"name"];
+  wchar_t const* const text = name;
+  return name.IsNull() ? L"null" : text;
+}
+
+TEST_P(ScrollerTest, RowsByPositionInTheOrderOfTheQuery) {
+  std::vector<std::wstring> names;
+  TownTable().Query();
+  while (Row const* const row = TownTable().Next()) names.push_back(NameOf(row));
+  TownTable().Query();
+  Scroller scroller(&Connection(), &TownTable());
+  EXPECT_EQ(TownTable().Next(), nullptr) << "the query is at its end";
+  ASSERT_EQ(scroller.Count(), names.size());
+  for (std::size_t i : {std::size_t{2}, std::size_t{0}, names.size() - 1, std::size_t{1}, std::size_t{1}}) {
+    EXPECT_EQ(NameOf(scroller.At(i)), names[i]);
+  }
+  EXPECT_EQ(scroller.At(names.size()), nullptr);
+  EXPECT_EQ(scroller.At(static_cast<std::uint64_t>(-1)), nullptr);
+}
+
+TEST_P(ScrollerTest, AnEmptyQueryHasNoRows) {
+  FdoPtr<FdoFilter> const none = FdoFilter::Parse(L"n = 123456");
+  TownTable().Query(none, nullptr, true);
+  Scroller scroller(&Connection(), &TownTable());
+  EXPECT_EQ(scroller.Count(), 0u);
+  EXPECT_EQ(scroller.At(0), nullptr);
+}
+
+TEST_P(ScrollerTest, TheTableStaysFreeForOtherQueries) {
+  TownTable().Query();
+  Scroller scroller(&Connection(), &TownTable());
+  TownTable().Query();
+  Row const* const current = TownTable().Next();
+  ASSERT_NE(current, nullptr);
+  std::wstring const name = NameOf(current);
+  scroller.At(3);
+  EXPECT_EQ(NameOf(current), name);
+}
+
+TEST_P(ScrollerTest, ItGivesItsConnectionBack) {
+  __int64 const before = DbPool::Counters().inUse;
+  {
+    TownTable().Query();
+    Scroller const scroller(&Connection(), &TownTable());
+    Scroller copy(scroller);
+    EXPECT_NE(copy.At(0), nullptr);
+  }
+  EXPECT_EQ(DbPool::Counters().inUse, before);
+}
+
+TEST_P(ScrollerTest, ASecondOneSharesTheConnectionAndReadsForItself) {
+  TownTable().Query();
+  Scroller first(&Connection(), &TownTable());
+  TownTable().Query();
+  Scroller second(&Connection(), &TownTable());
+  std::wstring const name = NameOf(first.At(1));
+  Row const* const row = first.At(1);
+  second.At(2);
+  EXPECT_EQ(NameOf(row), name);
+}
+
+std::vector<OgrFormat> WithRowsOfTheirOwn() {
+  std::vector<OgrFormat> formats;
+  for (OgrFormat const& format : kOgrFormats) formats.push_back(format);
+  return formats;
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, ScrollerTest, testing::ValuesIn(WithRowsOfTheirOwn()),
+                         [](auto const& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace fdo
