@@ -74,6 +74,17 @@ function(fdo_test name)
   endif()
 endfunction()
 
+# Links a test with the recording provider, which testing/ defines, and gives it a registry where that is the
+# only provider.
+function(use_recording_provider test)
+  if(NOT TARGET ${test})
+    return()
+  endif()
+  target_link_libraries(${test} PRIVATE quillon_recording_provider)
+  set_tests_properties(${test} PROPERTIES
+    ENVIRONMENT "FDO_PROVIDERS_FOLDER=${PROJECT_BINARY_DIR}/recording_registry")
+endfunction()
+
 # Under the tests a benchmark runs once with the shortest of times, so that none rots.
 function(fdo_benchmark name)
   if(NOT QUILLON_BUILD_BENCHMARKS)

@@ -1,6 +1,6 @@
 #include "testing/memory_provider/capabilities.h"
 
-#include "testing/memory_provider/commands.h"
+#include <utility>
 
 namespace memory_provider {
 namespace {
@@ -87,6 +87,8 @@ class SchemaCapabilities : public FdoISchemaCapabilities {
 
 class CommandCapabilities : public FdoICommandCapabilities {
  public:
+  explicit CommandCapabilities(std::vector<FdoInt32> types) : commands_(std::move(types)) {}
+
   FdoInt32* GetCommands(FdoInt32& size) override {
     size = static_cast<FdoInt32>(commands_.size());
     return commands_.data();
@@ -103,7 +105,7 @@ class CommandCapabilities : public FdoICommandCapabilities {
   void Dispose() override { delete this; }
 
  private:
-  std::vector<FdoInt32> commands_ = CommandTypes();
+  std::vector<FdoInt32> commands_;
 };
 
 class FilterCapabilities : public FdoIFilterCapabilities {
@@ -202,7 +204,9 @@ class GeometryCapabilities : public FdoIGeometryCapabilities {
 
 FdoIConnectionCapabilities* MakeConnectionCapabilities() { return new ConnectionCapabilities(); }
 FdoISchemaCapabilities* MakeSchemaCapabilities() { return new SchemaCapabilities(); }
-FdoICommandCapabilities* MakeCommandCapabilities() { return new CommandCapabilities(); }
+FdoICommandCapabilities* MakeCommandCapabilities(std::vector<FdoInt32> commandTypes) {
+  return new CommandCapabilities(std::move(commandTypes));
+}
 FdoIFilterCapabilities* MakeFilterCapabilities() { return new FilterCapabilities(); }
 FdoIExpressionCapabilities* MakeExpressionCapabilities() { return new ExpressionCapabilities(); }
 FdoIRasterCapabilities* MakeRasterCapabilities() { return new RasterCapabilities(); }

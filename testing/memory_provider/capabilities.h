@@ -1,6 +1,8 @@
-// What the memory provider says about itself.
+// What a provider for tests says about itself.
 #ifndef TESTING_MEMORY_PROVIDER_CAPABILITIES_H_
 #define TESTING_MEMORY_PROVIDER_CAPABILITIES_H_
+
+#include <vector>
 
 #include "Fdo.h"
 
@@ -9,7 +11,7 @@ namespace memory_provider {
 // Give: one reference.
 FdoIConnectionCapabilities* MakeConnectionCapabilities();
 FdoISchemaCapabilities* MakeSchemaCapabilities();
-FdoICommandCapabilities* MakeCommandCapabilities();
+FdoICommandCapabilities* MakeCommandCapabilities(std::vector<FdoInt32> commandTypes);
 FdoIFilterCapabilities* MakeFilterCapabilities();
 FdoIExpressionCapabilities* MakeExpressionCapabilities();
 FdoIRasterCapabilities* MakeRasterCapabilities();

@@ -1,4 +1,4 @@
-// What the commands of the memory provider have in common, for the part of the interface that each has.
+// What the commands of a provider for tests have in common, for the part of the interface that each has.
 #ifndef TESTING_MEMORY_PROVIDER_COMMAND_BASE_H_
 #define TESTING_MEMORY_PROVIDER_COMMAND_BASE_H_
 
@@ -12,44 +12,86 @@
 
 namespace memory_provider {
 
+// Tells its connection of every call, with Entered(), before anything else.
 // Owns: a reference to its connection.
-template <class Interface>
+template <class Interface, class ConnectionType = Connection>
 class CommandBase : public Interface {
  public:
-  explicit CommandBase(Connection* connection) : connection_(FDO_SAFE_ADDREF(connection)) {}
+  explicit CommandBase(ConnectionType* connection) : connection_(FDO_SAFE_ADDREF(connection)) {}
 
-  FdoIConnection* GetConnection() override { return FDO_SAFE_ADDREF(connection_.p); }
-  FdoITransaction* GetTransaction() override { return nullptr; }
+  FdoIConnection* GetConnection() override { return Shared(connection_); }
+  FdoITransaction* GetTransaction() override {
+    Enter();
+    return nullptr;
+  }
   void SetTransaction(FdoITransaction* value) override {
-    if (value != nullptr) throw FdoCommandException::Create(L"The memory provider has no transactions.");
+    Enter();
+    if (value != nullptr) throw FdoCommandException::Create(L"The provider has no transactions.");
   }
-  FdoInt32 GetCommandTimeout() override { return 0; }
+  FdoInt32 GetCommandTimeout() override {
+    Enter();
+    return 0;
+  }
   void SetCommandTimeout(FdoInt32) override {
-    throw FdoCommandException::Create(L"The memory provider has no time limits.");
+    Enter();
+    throw FdoCommandException::Create(L"The provider has no time limits.");
   }
-  FdoParameterValueCollection* GetParameterValues() override { return FDO_SAFE_ADDREF(parameters_.p); }
-  void Prepare() override {}
-  void Cancel() override {}
+  FdoParameterValueCollection* GetParameterValues() override { return Shared(parameters_); }
+  void Prepare() override { Enter(); }
+  void Cancel() override { Enter(); }
 
  protected:
   void Dispose() override { delete this; }
 
+  void Enter() { connection_.p->Entered(); }
+
+  // The answers of getters and the work of setters.
+  template <class Object>
+  Object* Shared(FdoPtr<Object> const& member) {
+    Enter();
+    return FDO_SAFE_ADDREF(member.p);
+  }
+  template <class Member>
+  Member Given(Member const& member) {
+    Enter();
+    return member;
+  }
+  FdoString* Lent(std::wstring const& member) {
+    Enter();
+    return member.c_str();
+  }
+  template <class Object>
+  void Share(FdoPtr<Object>& member, Object* value) {
+    Enter();
+    member = FDO_SAFE_ADDREF(value);
+  }
+  template <class Member>
+  void Take(Member& member, Member const& value) {
+    Enter();
+    member = value;
+  }
+  void Copy(std::wstring& member, FdoString* value) {
+    Enter();
+    member = value == nullptr ? L"" : value;
+  }
+
   // Errors: FdoCommandException* while the connection is closed.
   Store& OpenedStore() { return connection_.p->OpenedStore(); }
 
-  FdoPtr<Connection> connection_;
+  FdoPtr<ConnectionType> connection_;
   FdoPtr<FdoParameterValueCollection> parameters_ = FdoParameterValueCollection::Create();
 };
 
 // With the name of a class.
-template <class Interface>
-class ClassCommandBase : public CommandBase<Interface> {
+template <class Interface, class ConnectionType = Connection>
+class ClassCommandBase : public CommandBase<Interface, ConnectionType> {
  public:
-  using CommandBase<Interface>::CommandBase;
+  using CommandBase<Interface, ConnectionType>::CommandBase;
 
-  FdoIdentifier* GetFeatureClassName() override { return FDO_SAFE_ADDREF(className_.p); }
-  void SetFeatureClassName(FdoIdentifier* value) override { className_ = FDO_SAFE_ADDREF(value); }
+  FdoIdentifier* GetFeatureClassName() override { return this->Shared(className_); }
+  void SetFeatureClassName(FdoIdentifier* value) override { this->Share(className_, value); }
   void SetFeatureClassName(FdoString* value) override {
+    this->Enter();
     className_ = value == nullptr ? nullptr : FdoIdentifier::Create(value);
   }
 
@@ -60,14 +102,15 @@ class ClassCommandBase : public CommandBase<Interface> {
 };
 
 // With a filter.
-template <class Interface>
-class FeatureCommandBase : public ClassCommandBase<Interface> {
+template <class Interface, class ConnectionType = Connection>
+class FeatureCommandBase : public ClassCommandBase<Interface, ConnectionType> {
  public:
-  using ClassCommandBase<Interface>::ClassCommandBase;
+  using ClassCommandBase<Interface, ConnectionType>::ClassCommandBase;
 
-  FdoFilter* GetFilter() override { return FDO_SAFE_ADDREF(filter_.p); }
-  void SetFilter(FdoFilter* value) override { filter_ = FDO_SAFE_ADDREF(value); }
+  FdoFilter* GetFilter() override { return this->Shared(filter_); }
+  void SetFilter(FdoFilter* value) override { this->Share(filter_, value); }
   void SetFilter(FdoString* value) override {
+    this->Enter();
     filter_ = value == nullptr ? nullptr : FdoFilter::Parse(value);
   }
 
@@ -75,21 +118,79 @@ class FeatureCommandBase : public ClassCommandBase<Interface> {
   FdoPtr<FdoFilter> filter_;
 };
 
-// With properties to read and an order. What orders them is for the heirs to take: the interfaces differ in
-// it.
-template <class Interface>
-class SelectBase : public FeatureCommandBase<Interface> {
+// With properties to read and an order.
+template <class Interface, class ConnectionType = Connection>
+class SelectBase : public FeatureCommandBase<Interface, ConnectionType> {
  public:
-  using FeatureCommandBase<Interface>::FeatureCommandBase;
+  using FeatureCommandBase<Interface, ConnectionType>::FeatureCommandBase;
 
-  FdoIdentifierCollection* GetPropertyNames() override { return FDO_SAFE_ADDREF(properties_.p); }
-  FdoIdentifierCollection* GetOrdering() override { return FDO_SAFE_ADDREF(ordering_.p); }
+  FdoIdentifierCollection* GetPropertyNames() override { return this->Shared(properties_); }
+  FdoIdentifierCollection* GetOrdering() override { return this->Shared(ordering_); }
+  void SetOrderingOption(FdoOrderingOption option) override { this->Take(option_, option); }
+  FdoOrderingOption GetOrderingOption() override { return this->Given(option_); }
 
  protected:
   FdoPtr<FdoIdentifierCollection> properties_ = FdoIdentifierCollection::Create();
   FdoPtr<FdoIdentifierCollection> ordering_ = FdoIdentifierCollection::Create();
   FdoOrderingOption option_ = FdoOrderingOption_Ascending;
+};
+
+[[noreturn]] inline void RefuseLocks() { throw FdoCommandException::Create(L"The provider has no locks."); }
+
+// The selects of features: without locks.
+template <class Interface, class ConnectionType = Connection>
+class FeatureSelectBase : public SelectBase<Interface, ConnectionType> {
+ public:
+  using SelectBase<Interface, ConnectionType>::SelectBase;
+
+  FdoLockType GetLockType() override { return this->Given(FdoLockType_None); }
+  void SetLockType(FdoLockType) override {
+    this->Enter();
+    RefuseLocks();
+  }
+  FdoLockStrategy GetLockStrategy() override { return this->Given(FdoLockStrategy_All); }
+  void SetLockStrategy(FdoLockStrategy) override {
+    this->Enter();
+    RefuseLocks();
+  }
+  FdoIFeatureReader* ExecuteWithLock() override {
+    this->Enter();
+    RefuseLocks();
+  }
+  FdoILockConflictReader* GetLockConflicts() override {
+    this->Enter();
+    RefuseLocks();
+  }
+
+ protected:
+  // The option of a property that the ordering names.
+  FdoOrderingOption OptionOf(FdoString* property) const {
+    auto const option = options_.find(property == nullptr ? L"" : property);
+    return option == options_.end() ? this->option_ : option->second;
+  }
+
   std::map<std::wstring, FdoOrderingOption> options_;  // of single properties
+};
+
+// What an extended select has beyond a select, but for its reader.
+template <class FeatureSelect>
+class ExtendedSelectBase : public FeatureSelect {
+ public:
+  using FeatureSelect::FeatureSelect;
+
+  using FeatureSelect::GetOrderingOption;
+  using FeatureSelect::SetOrderingOption;
+  void SetOrderingOption(FdoString* propertyName, FdoOrderingOption option) override {
+    this->Enter();
+    this->options_[propertyName == nullptr ? L"" : propertyName] = option;
+  }
+  FdoOrderingOption GetOrderingOption(FdoString* propertyName) override {
+    return this->Given(this->OptionOf(propertyName));
+  }
+  void ClearOrderingOptions() override {
+    this->Enter();
+    this->options_.clear();
+  }
 };
 
 }  // namespace memory_provider

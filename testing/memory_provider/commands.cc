@@ -1,16 +1,11 @@
 #include "testing/memory_provider/commands.h"
 
-#include <string>
+#include "testing/memory_provider/command_table.h"
 
 namespace memory_provider {
 namespace {
 
-struct CommandOfType {
-  FdoInt32 type;
-  FdoICommand* (*make)(Connection*);
-};
-
-constexpr CommandOfType kCommands[] = {
+constexpr CommandOfType<Connection> kCommands[] = {
     {FdoCommandType_Select, &MakeSelect},
     {FdoCommandType_Insert, &MakeInsert},
     {FdoCommandType_Delete, &MakeDelete},
@@ -28,16 +23,12 @@ constexpr CommandOfType kCommands[] = {
 
 std::vector<FdoInt32> CommandTypes() {
   std::vector<FdoInt32> types;
-  for (CommandOfType const& row : kCommands) types.push_back(row.type);
+  for (CommandOfType<Connection> const& row : kCommands) types.push_back(row.type);
   return types;
 }
 
 FdoICommand* MakeCommand(Connection* connection, FdoInt32 commandType) {
-  for (CommandOfType const& row : kCommands) {
-    if (row.type == commandType) return row.make(connection);
-  }
-  std::wstring const message = L"The memory provider has no command " + std::to_wstring(commandType) + L".";
-  throw FdoConnectionException::Create(message.c_str());
+  return MakeFrom(kCommands, connection, commandType);
 }
 
 }  // namespace memory_provider

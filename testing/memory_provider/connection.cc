@@ -37,7 +37,9 @@ class ConnectionInfo : public FdoIConnectionInfo {
 
 FdoIConnectionCapabilities* Connection::GetConnectionCapabilities() { return MakeConnectionCapabilities(); }
 FdoISchemaCapabilities* Connection::GetSchemaCapabilities() { return MakeSchemaCapabilities(); }
-FdoICommandCapabilities* Connection::GetCommandCapabilities() { return MakeCommandCapabilities(); }
+FdoICommandCapabilities* Connection::GetCommandCapabilities() {
+  return MakeCommandCapabilities(CommandTypes());
+}
 FdoIFilterCapabilities* Connection::GetFilterCapabilities() { return MakeFilterCapabilities(); }
 FdoIExpressionCapabilities* Connection::GetExpressionCapabilities() { return MakeExpressionCapabilities(); }
 FdoIRasterCapabilities* Connection::GetRasterCapabilities() { return MakeRasterCapabilities(); }

@@ -39,6 +39,9 @@ class Connection : public FdoIConnection {
   // Errors: FdoCommandException* while the connection is closed.
   Store& OpenedStore();
 
+  // Commands announce every call; a connection that counts them has something to do here.
+  void Entered() {}
+
  protected:
   void Dispose() override;
 

@@ -31,23 +31,17 @@ bool ComesBefore(Row const& left, Row const& right, std::vector<OrderedBy> const
   return false;
 }
 
-// Both selects; they differ in what the ordering options are and in the readers.
+// Both selects; they differ in their readers.
 template <class Interface>
-class SelectCommand : public SelectBase<Interface> {
+class SelectCommand : public FeatureSelectBase<Interface> {
  public:
-  using SelectBase<Interface>::SelectBase;
+  using FeatureSelectBase<Interface>::FeatureSelectBase;
 
-  FdoLockType GetLockType() override { return FdoLockType_None; }
-  void SetLockType(FdoLockType) override { RefuseLocks(); }
-  FdoLockStrategy GetLockStrategy() override { return FdoLockStrategy_All; }
-  void SetLockStrategy(FdoLockStrategy) override { RefuseLocks(); }
   FdoIFeatureReader* Execute() override {
     FdoPtr<FdoClassDefinition> definition;
     Result result = Selected(definition);
     return MakeFeatureReader(std::move(result), definition);
   }
-  FdoIFeatureReader* ExecuteWithLock() override { RefuseLocks(); }
-  FdoILockConflictReader* GetLockConflicts() override { RefuseLocks(); }
 
  protected:
   Result Selected(FdoPtr<FdoClassDefinition>& definition) {
@@ -69,10 +63,6 @@ class SelectCommand : public SelectBase<Interface> {
   }
 
  private:
-  [[noreturn]] static void RefuseLocks() {
-    throw FdoCommandException::Create(L"The memory provider has no locks.");
-  }
-
   std::vector<std::wstring> Names(Table const& table) const {
     std::vector<std::wstring> names;
     for (FdoInt32 i = 0; i < this->properties_->GetCount(); ++i) {
@@ -88,36 +78,18 @@ class SelectCommand : public SelectBase<Interface> {
     std::vector<OrderedBy> order;
     for (FdoInt32 i = 0; i < this->ordering_->GetCount(); ++i) {
       FdoPtr<FdoIdentifier> property = this->ordering_->GetItem(i);
-      auto const option = this->options_.find(property->GetName());
-      order.push_back({table.ExistingPositionOf(property->GetName()),
-                       option == this->options_.end() ? this->option_ : option->second});
+      order.push_back({table.ExistingPositionOf(property->GetName()), this->OptionOf(property->GetName())});
     }
     return order;
   }
 };
 
-class Select : public SelectCommand<FdoISelect> {
+typedef SelectCommand<FdoISelect> Select;
+
+class ExtendedSelect : public ExtendedSelectBase<SelectCommand<FdoIExtendedSelect>> {
  public:
-  using SelectCommand<FdoISelect>::SelectCommand;
+  using ExtendedSelectBase<SelectCommand<FdoIExtendedSelect>>::ExtendedSelectBase;
 
-  void SetOrderingOption(FdoOrderingOption option) override { option_ = option; }
-  FdoOrderingOption GetOrderingOption() override { return option_; }
-};
-
-class ExtendedSelect : public SelectCommand<FdoIExtendedSelect> {
- public:
-  using SelectCommand<FdoIExtendedSelect>::SelectCommand;
-
-  void SetOrderingOption(FdoOrderingOption option) override { option_ = option; }
-  FdoOrderingOption GetOrderingOption() override { return option_; }
-  void SetOrderingOption(FdoString* propertyName, FdoOrderingOption option) override {
-    options_[propertyName == nullptr ? L"" : propertyName] = option;
-  }
-  FdoOrderingOption GetOrderingOption(FdoString* propertyName) override {
-    auto const option = options_.find(propertyName == nullptr ? L"" : propertyName);
-    return option == options_.end() ? option_ : option->second;
-  }
-  void ClearOrderingOptions() override { options_.clear(); }
   FdoIScrollableFeatureReader* ExecuteScrollable() override {
     FdoPtr<FdoClassDefinition> definition;
     Result result = Selected(definition);

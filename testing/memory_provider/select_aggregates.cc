@@ -14,9 +14,6 @@ class SelectAggregates : public SelectBase<FdoISelectAggregates> {
  public:
   using SelectBase<FdoISelectAggregates>::SelectBase;
 
-  void SetOrderingOption(FdoOrderingOption option) override { option_ = option; }
-  FdoOrderingOption GetOrderingOption() override { return option_; }
-
   FdoIDataReader* Execute() override {
     std::shared_ptr<Table> const table = ClassTable();
     if (grouping_->GetCount() > 0) Refuse(L"The memory provider has no groups.");

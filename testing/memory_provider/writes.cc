@@ -138,7 +138,7 @@ class Update : public FeatureCommandBase<FdoIUpdate> {
     return changed;
   }
 
-  FdoILockConflictReader* GetLockConflicts() override { Refuse(L"The memory provider has no locks."); }
+  FdoILockConflictReader* GetLockConflicts() override { RefuseLocks(); }
 
  private:
   FdoPtr<FdoPropertyValueCollection> values_ = FdoPropertyValueCollection::Create();
@@ -159,7 +159,7 @@ class Delete : public FeatureCommandBase<FdoIDelete> {
     return removed;
   }
 
-  FdoILockConflictReader* GetLockConflicts() override { Refuse(L"The memory provider has no locks."); }
+  FdoILockConflictReader* GetLockConflicts() override { RefuseLocks(); }
 };
 
 }  // namespace

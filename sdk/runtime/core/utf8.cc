@@ -1,6 +1,7 @@
 #include "sdk/runtime/core/utf8.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace fdo_sdk {
 namespace {
@@ -18,7 +19,7 @@ constexpr std::uint32_t UnitOf(wchar_t unit) {
   }
 }
 
-void AppendUtf8(std::string& out, std::uint32_t character) {
+void AppendCharacter(std::string& out, std::uint32_t character) {
   auto const tail = [&out](std::uint32_t bits) { out.push_back(static_cast<char>(0x80 | (bits & 0x3F))); };
   if (character < 0x80) {
     out.push_back(static_cast<char>(character));
@@ -37,13 +38,14 @@ void AppendUtf8(std::string& out, std::uint32_t character) {
   }
 }
 
-void AppendWide(std::wstring& out, std::uint32_t character) {
+wchar_t* PutWide(wchar_t* out, std::uint32_t character) {
   if (sizeof(wchar_t) == 2 && character >= 0x10000) {
-    out.push_back(static_cast<wchar_t>(0xD800 + ((character - 0x10000) >> 10)));
-    out.push_back(static_cast<wchar_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
+    *out++ = static_cast<wchar_t>(0xD800 + ((character - 0x10000) >> 10));
+    *out++ = static_cast<wchar_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
   } else {
-    out.push_back(static_cast<wchar_t>(character));
+    *out++ = static_cast<wchar_t>(character);
   }
+  return out;
 }
 
 // How a lead byte is followed: so many tail bytes, making a character of at least `least`.
@@ -75,8 +77,25 @@ bool ReadUtf8(std::string_view text, std::size_t& at, std::uint32_t& character) 
 
 std::string Utf8FromWide(std::wstring_view text, bool* malformed) {
   std::string out;
-  out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  AppendUtf8(out, text, malformed);
+  return out;
+}
+
+std::wstring WideFromUtf8(std::string_view text, bool* malformed) {
+  std::wstring out(text.size(), L'\0');
+  out.resize(DecodeUtf8(text, out.data(), malformed));
+  return out;
+}
+
+void AppendUtf8(std::string& out, std::wstring_view text, bool* malformed) {
+  // Most text is ASCII and is written without asking for room again.
+  std::size_t const start = out.size();
+  out.resize(start + text.size());
+  char* to = out.data() + start;
+  std::size_t i = 0;
+  while (i < text.size() && UnitOf(text[i]) < 0x80) *to++ = static_cast<char>(text[i++]);
+  out.resize(start + i);
+  for (; i < text.size(); ++i) {
     std::uint32_t character = UnitOf(text[i]);
     if (IsHighSurrogate(character) && sizeof(wchar_t) == 2 && i + 1 < text.size() &&
         IsLowSurrogate(UnitOf(text[i + 1]))) {
@@ -85,23 +104,35 @@ std::string Utf8FromWide(std::wstring_view text, bool* malformed) {
       character = kReplacement;
       if (malformed != nullptr) *malformed = true;
     }
-    AppendUtf8(out, character);
+    AppendCharacter(out, character);
   }
-  return out;
 }
 
-std::wstring WideFromUtf8(std::string_view text, bool* malformed) {
-  std::wstring out;
-  out.reserve(text.size());
+std::size_t DecodeUtf8(std::string_view text, wchar_t* out, bool* malformed) {
+  wchar_t* to = out;
   for (std::size_t at = 0; at < text.size();) {
-    std::uint32_t character = 0;
+    while (text.size() - at >= 8) {
+      std::uint64_t eight;
+      std::memcpy(&eight, text.data() + at, sizeof eight);
+      if ((eight & 0x8080808080808080u) != 0) break;
+      for (std::size_t i = 0; i < 8; ++i) to[i] = static_cast<wchar_t>(text[at + i]);
+      at += 8;
+      to += 8;
+    }
+    if (at == text.size()) break;
+    std::uint32_t character = static_cast<unsigned char>(text[at]);
+    if (character < 0x80) {
+      *to++ = static_cast<wchar_t>(character);
+      ++at;
+      continue;
+    }
     if (!ReadUtf8(text, at, character)) {
       character = kReplacement;
       if (malformed != nullptr) *malformed = true;
     }
-    AppendWide(out, character);
+    to = PutWide(to, character);
   }
-  return out;
+  return static_cast<std::size_t>(to - out);
 }
 
 }  // namespace fdo_sdk
