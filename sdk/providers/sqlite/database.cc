@@ -1,0 +1,169 @@
+#include "sdk/providers/sqlite/database.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "port/file.h"
+#include "sdk/runtime/core/utf8.h"
+
+namespace fdo_sqlite {
+namespace {
+
+// How many prepared statements are kept for their next use.
+constexpr std::size_t kMostIdle = 64;
+
+[[noreturn]] void RefuseFile(std::wstring const& file, wchar_t const* doing, wchar_t const* cause) {
+  throw FdoConnectionException::Create(FailureMessage(file, doing, cause).c_str());
+}
+
+// Requires: no name is given to the caller's program by a file: what a file's own schema calls is not
+// trusted.
+void Configure(sqlite3* handle) {
+  sqlite3_extended_result_codes(handle, 1);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 1, nullptr);  // files in use have such schemas
+}
+
+}  // namespace
+
+void Database::Open(std::wstring const& file, int busyMilliseconds) {
+  file_ = file;
+  // SQLite says only that it cannot open the file, whatever the reason.
+  std::FILE* probe = fdo::port::OpenFile(fdo_sdk::Utf8FromWide(file), "rb");
+  if (probe == nullptr) RefuseFile(file, L"open", L"there is no such file, or it may not be read");
+  std::fclose(probe);
+  OpenHandle(SQLITE_OPEN_READWRITE, busyMilliseconds);
+}
+
+void Database::Create(std::wstring const& file, int busyMilliseconds) {
+  file_ = file;
+  std::string const name = fdo_sdk::Utf8FromWide(file);
+  std::FILE* made = fdo::port::OpenFile(name, "wbx");
+  if (made == nullptr) {
+    std::FILE* present = fdo::port::OpenFile(name, "rb");
+    if (present == nullptr) RefuseFile(file, L"create", L"its folder does not exist, or may not be written");
+    std::fclose(present);
+    RefuseFile(file, L"create", L"there is such a file already");
+  }
+  std::fclose(made);
+  OpenHandle(SQLITE_OPEN_READWRITE, busyMilliseconds);
+}
+
+void Database::OpenHandle(int flags, int busyMilliseconds) {
+  std::string const name = fdo_sdk::Utf8FromWide(file_);
+  int code =
+      sqlite3_open_v2(name.c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  if (code == SQLITE_OK) {
+    Configure(handle_);
+    SetBusyWait(busyMilliseconds);
+    // Nothing has been read so far. This reads the head of the file, and the schema.
+    code = sqlite3_exec(handle_, "SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
+  }
+  if (code != SQLITE_OK) {
+    FdoException* failure = FdoConnectionException::Create(
+        FailureMessage(file_, L"open", CauseOf(code, handle_)).c_str(), FdoInt64(code));
+    Close();
+    throw failure;
+  }
+  readOnly_ = sqlite3_db_readonly(handle_, "main") == 1;
+}
+
+void Database::Close() noexcept {
+  if (handle_ == nullptr) return;
+  for (auto const& [sql, prepared] : idle_) Forget(prepared);
+  for (PreparedPtr const& prepared : used_) Forget(prepared);
+  idle_.clear();
+  used_.clear();
+  // Rolls back what is open. There is nothing left that could keep it from closing.
+  sqlite3_close_v2(handle_);
+  handle_ = nullptr;
+  readOnly_ = false;
+  begun_ = false;
+}
+
+void Database::Forget(PreparedPtr const& prepared) {
+  sqlite3_finalize(prepared->handle);
+  prepared->handle = nullptr;
+  prepared->database = nullptr;
+}
+
+void Database::SetBusyWait(int milliseconds) { sqlite3_busy_timeout(handle_, milliseconds); }
+
+Statement Database::Prepare(std::string const& sql, wchar_t const* doing) {
+  auto const kept = idle_.find(sql);
+  PreparedPtr prepared;
+  if (kept != idle_.end()) {
+    prepared = kept->second;
+    idle_.erase(kept);
+    prepared->doing = doing;
+    used_.push_back(prepared);
+    return Statement(prepared);
+  }
+  prepared = std::make_shared<Statement::Prepared>(Statement::Prepared{nullptr, this, sql, doing});
+  used_.reserve(used_.size() + 1);
+  int const code = sqlite3_prepare_v3(handle_, sql.c_str(), static_cast<int>(sql.size() + 1),
+                                      SQLITE_PREPARE_PERSISTENT, &prepared->handle, nullptr);
+  if (code != SQLITE_OK) Fail(code, doing);
+  used_.push_back(prepared);
+  return Statement(prepared);
+}
+
+void Database::Execute(std::string const& sql, wchar_t const* doing) {
+  int const code = sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) Fail(code, doing);
+}
+
+std::int64_t Database::Number(std::string const& sql, std::int64_t absent) {
+  Statement statement = Prepare(sql);
+  return statement.Step() && !statement.IsNull(0) ? statement.Int64(0) : absent;
+}
+
+bool Database::InTransaction() const { return handle_ != nullptr && sqlite3_get_autocommit(handle_) == 0; }
+
+void Database::BeginWriting() {
+  Prepare("BEGIN IMMEDIATE", L"change").Run();
+  begun_ = true;
+}
+
+void Database::BeginReading() {
+  Prepare("BEGIN", L"read").Run();
+  begun_ = true;
+}
+
+void Database::Commit() {
+  Prepare("COMMIT", L"save the changes to").Run();
+  begun_ = false;
+}
+
+void Database::Rollback() noexcept {
+  // Where this fails there is no transaction any more: SQLite ended it with the failure before.
+  if (InTransaction()) sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+  begun_ = false;
+}
+
+FdoException* Database::Failure(int code, std::wstring const& doing) {
+  std::wstring message = FailureMessage(file_, doing, CauseOf(code, handle_));
+  if (begun_ && !InTransaction()) {
+    begun_ = false;
+    message += L" The changes since the last commit are undone.";
+  }
+  return FdoCommandException::Create(message.c_str(), FdoInt64(code));
+}
+
+void Database::Fail(int code, std::wstring const& doing) { throw Failure(code, doing); }
+
+void Database::TakeBack(PreparedPtr const& prepared) {
+  auto const used = std::find(used_.begin(), used_.end(), prepared);
+  std::swap(*used, used_.back());
+  used_.pop_back();
+  if (idle_.size() == kMostIdle) {
+    Forget(prepared);
+    return;
+  }
+  sqlite3_reset(prepared->handle);
+  sqlite3_clear_bindings(prepared->handle);
+  idle_.emplace(prepared->sql, prepared);
+}
+
+}  // namespace fdo_sqlite

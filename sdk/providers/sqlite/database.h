@@ -1,0 +1,92 @@
+// A Database is an open SQLite file: the handle, how it is opened, and the transaction that is open in it.
+#ifndef SDK_PROVIDERS_SQLITE_DATABASE_H_
+#define SDK_PROVIDERS_SQLITE_DATABASE_H_
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "sdk/providers/sqlite/sqlite_failure.h"
+#include "sdk/providers/sqlite/statement.h"
+
+namespace fdo_sqlite {
+
+// Errors: every failure of SQLite is thrown through Fail, as FdoCommandException*; of opening and closing as
+// FdoConnectionException*. The message names the file and the cause.
+// Threads: one at a time.
+class Database {
+ public:
+  Database() = default;
+  ~Database() { Close(); }
+  Database(Database const&) = delete;
+  Database& operator=(Database const&) = delete;
+
+  // Opens an existing file for reading and writing; where it cannot be written, for reading only. A file of
+  // no bytes is a database without tables.
+  // Requires: not open. Errors: not open afterwards.
+  void Open(std::wstring const& file, int busyMilliseconds);
+
+  // Makes a new file of no bytes and opens it.
+  // Errors: as Open; a file that exists already is one.
+  void Create(std::wstring const& file, int busyMilliseconds);
+
+  // Rolls back an open transaction and ends every statement; those still held by somebody throw from then on.
+  void Close() noexcept;
+
+  bool IsOpen() const { return handle_ != nullptr; }
+  bool IsReadOnly() const { return readOnly_; }
+  std::wstring const& File() const { return file_; }
+  // Borrowed: until Close; null while closed.
+  sqlite3* Handle() const { return handle_; }
+
+  void SetBusyWait(int milliseconds);
+
+  // A statement ready to bind, prepared now or kept from earlier use with the same text.
+  // Requires: open. doing completes "Cannot ... <file>" in the messages of this statement.
+  Statement Prepare(std::string const& sql, wchar_t const* doing = L"read");
+
+  // Runs statements that have no parameters and no results.
+  void Execute(std::string const& sql, wchar_t const* doing = L"change");
+
+  // The first value of the first row as a number; otherwise there is none to have, `absent`.
+  std::int64_t Number(std::string const& sql, std::int64_t absent = 0);
+
+  // Whether a transaction is open. Not the same as "somebody began one": some failures end it.
+  bool InTransaction() const;
+
+  // Begin one; a writing one takes the lock now, so that a locked file is noticed before any work is done.
+  // Requires: !InTransaction().
+  void BeginWriting();
+  void BeginReading();
+  // Errors: the transaction stays open, and may be committed again.
+  void Commit();
+  // Nothing happens when there is none.
+  void Rollback() noexcept;
+
+  // Throws for the result code of a call to SQLite on this database. Tells, too, when the failure has undone
+  // an open transaction.
+  [[noreturn]] void Fail(int code, std::wstring const& doing);
+  // The exception that Fail throws. Gives: one reference.
+  FdoException* Failure(int code, std::wstring const& doing);
+
+ private:
+  friend class Statement;
+  typedef std::shared_ptr<Statement::Prepared> PreparedPtr;
+
+  void OpenHandle(int flags, int busyMilliseconds);
+  static void Forget(PreparedPtr const& prepared);
+  void TakeBack(PreparedPtr const& prepared);
+
+  sqlite3* handle_ = nullptr;
+  std::wstring file_;
+  bool readOnly_ = false;
+  bool begun_ = false;  // a transaction was begun here and neither committed nor rolled back here
+  std::multimap<std::string, PreparedPtr> idle_;  // prepared and not in use
+  std::vector<PreparedPtr> used_;
+};
+
+}  // namespace fdo_sqlite
+
+#endif  // SDK_PROVIDERS_SQLITE_DATABASE_H_

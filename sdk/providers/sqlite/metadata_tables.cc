@@ -1,0 +1,95 @@
+#include "sdk/providers/sqlite/metadata_tables.h"
+
+#include <charconv>
+
+#include "Fdo.h"
+#include "sdk/providers/sqlite/sql_names.h"
+
+namespace fdo_sqlite {
+namespace {
+
+// The masks that a single number stands for. The first row of a mask is what is written for it.
+struct TypeOfMask {
+  int geometryType;
+  std::int32_t mask;
+};
+constexpr TypeOfMask kTypesOfMasks[] = {
+    {1, FdoGeometricType_Point},    {4, FdoGeometricType_Point},    {2, FdoGeometricType_Curve},
+    {5, FdoGeometricType_Curve},    {8, FdoGeometricType_Curve},    {9, FdoGeometricType_Curve},
+    {11, FdoGeometricType_Curve},   {3, FdoGeometricType_Surface},  {6, FdoGeometricType_Surface},
+    {10, FdoGeometricType_Surface}, {12, FdoGeometricType_Surface},
+};
+
+}  // namespace
+
+bool IsMetadataTable(std::string const& sqlName) {
+  std::string const name = UpperAscii(sqlName);
+  if (name.compare(0, 7, "SQLITE_") == 0) return true;
+  for (char const* table : {kGeometryColumns, kSpatialRefSys, kFdoColumns}) {
+    if (name == UpperAscii(table)) return true;
+  }
+  return false;
+}
+
+std::optional<std::string> MetadataRow::Text(char const* column) const {
+  auto const found = values_.find(column);
+  if (found == values_.end() || found->second.empty()) return std::nullopt;
+  return found->second;
+}
+
+std::optional<std::int64_t> MetadataRow::Number(char const* column) const {
+  std::optional<std::string> const text = Text(column);
+  if (!text) return std::nullopt;
+  std::int64_t number = 0;
+  auto const [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
+  if (error != std::errc() || end != text->data() + text->size()) return std::nullopt;
+  return number;
+}
+
+std::vector<MetadataRow> ReadMetadata(Database& database, char const* table) {
+  std::vector<MetadataRow> rows;
+  if (ColumnsOf(database, table).empty()) return rows;
+  Statement all = database.Prepare("SELECT * FROM " + QuotedName(table));
+  while (all.Step()) {
+    MetadataRow& row = rows.emplace_back();
+    for (int i = 0; i < sqlite3_column_count(all.Handle()); ++i) {
+      if (!all.IsNull(i)) row.Set(sqlite3_column_name(all.Handle(), i), std::string(all.Text(i)));
+    }
+  }
+  return rows;
+}
+
+std::vector<std::string> ColumnsOf(Database& database, std::string const& table) {
+  std::vector<std::string> names;
+  Statement columns = database.Prepare("SELECT name FROM pragma_table_info(?1)");
+  columns.BindText(1, std::string_view(table));
+  while (columns.Step()) names.emplace_back(columns.Text(0));
+  return names;
+}
+
+bool HasColumn(Database& database, std::string const& table, std::string const& column) {
+  for (std::string const& name : ColumnsOf(database, table)) {
+    if (UpperAscii(name) == UpperAscii(column)) return true;
+  }
+  return false;
+}
+
+GeometryTypeMeaning MeaningOfGeometryType(std::optional<std::int64_t> geometryType) {
+  std::int64_t const number = geometryType.value_or(0);
+  std::int64_t const ordinates = number / 1000;
+  GeometryTypeMeaning meaning = {FdoGeometricType_All, ordinates == 1 || ordinates == 3,
+                                 ordinates == 2 || ordinates == 3};
+  for (TypeOfMask const& row : kTypesOfMasks) {
+    if (row.geometryType == number % 1000) meaning.geometricTypes = row.mask;
+  }
+  return meaning;
+}
+
+int GeometryTypeOfMask(std::int32_t geometricTypes) {
+  for (TypeOfMask const& row : kTypesOfMasks) {
+    if (row.mask == geometricTypes) return row.geometryType;
+  }
+  return 0;
+}
+
+}  // namespace fdo_sqlite
