@@ -43,6 +43,7 @@ bool TableFdo::CountByAggregate(wchar_t const* expression, FdoFilter* filter, __
     auto const aggregates = MakeAggregates(connection_, *def_, filter);
     AddComputed(*aggregates, kCount, expression);
     FdoPtr<FdoIDataReader> const reader = aggregates->Execute();
+    if (reader == nullptr) return false;
     __int64 const found = reader->ReadNext() ? reader->GetInt64(kCount) : 0;
     reader->Close();
     count = found;
@@ -55,6 +56,7 @@ __int64 TableFdo::CountByScan(FdoFilter* filter) const {
       internal::MakeTableCommand<FdoISelect>(connection_, FdoCommandType_Select, def_->Name());
   select->SetFilter(filter);
   FdoPtr<FdoIFeatureReader> const reader = select->Execute();
+  if (reader == nullptr) throw FdoException::Create(L"The provider gives no reader of the rows.");
   __int64 count = 0;
   while (reader->ReadNext()) ++count;
   reader->Close();
@@ -83,6 +85,7 @@ bool TableFdo::ExtentByAggregate(double* box, FdoFilter* filter) const {
     AddComputed(*aggregates, kExtents, extents.c_str());
     AddComputed(*aggregates, kCount, kCountOfRows);
     FdoPtr<FdoIDataReader> const reader = aggregates->Execute();
+    if (reader == nullptr) return false;
     double found[4];
     std::copy_n(box, 4, found);
     if (reader->ReadNext() && reader->GetInt64(kCount) > 0) {

@@ -15,9 +15,11 @@ namespace fdo {
 TableFdo::TableFdo(FdoIConnection* connection, TableDef const* def, bool accessByName)
     : Table(def),
       row_(this),
-      cells_(def->ColumnCount() > 0 ? &row_[0] : nullptr),
       accessByName_(accessByName),
-      connection_(FDO_SAFE_ADDREF(connection)) {}
+      connection_(FDO_SAFE_ADDREF(connection)) {
+  // Asking for the cell fetches it, which needs the members: without a reader it stays undefined.
+  if (def->ColumnCount() > 0) cells_ = &row_[0];
+}
 
 TableFdo::~TableFdo() { TableFdo::EndQuery(); }
 

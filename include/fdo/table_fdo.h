@@ -129,7 +129,7 @@ class QUILLON_EXPORT TableFdo : public Table {
   void PrepareInsert();
 
   Row row_;                          // the current record
-  Value* cells_;                     // of row_; null without columns
+  Value* cells_ = nullptr;           // of row_; null without columns
   std::vector<FdoInt32> positions_;  // of each column among the desired fields, or -1; empty: all columns
   std::vector<int> desired_;         // the desired columns in ascending order
   bool accessByName_;
