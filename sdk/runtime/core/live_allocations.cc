@@ -7,11 +7,13 @@
 namespace {
 
 std::atomic<long long> live{0};
+std::atomic<long long> soFar{0};
 
 void* Allocate(std::size_t size) {
   void* memory = std::malloc(size == 0 ? 1 : size);
   if (memory == nullptr) throw std::bad_alloc();
   ++live;
+  ++soFar;
   return memory;
 }
 
@@ -24,6 +26,7 @@ void Free(void* memory) {
 }  // namespace
 
 long long fdo_sdk::LiveAllocations() { return live; }
+long long fdo_sdk::AllocationsSoFar() { return soFar; }
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }

@@ -1,0 +1,127 @@
+// Reading allocates nothing for a row or a cell beyond what the provider does.
+#include <gtest/gtest.h>
+
+#include "fdo_backend/recorded_table.h"
+#include "sdk/runtime/core/live_allocations.h"
+#include "testing/fgf_builder.h"
+
+namespace fdo {
+namespace {
+
+using recording_provider::Data;
+using recording_provider::Geometry;
+using recording_provider::Id;
+
+constexpr wchar_t kColumns[] = L"id:Int64 n:Int32 x:Double flag:Boolean name:String shape:Geometry";
+constexpr int kColumnCount = 6;
+
+template <class Run>
+long long AllocationsOf(Run run) {
+  long long const before = fdo_sdk::AllocationsSoFar();
+  run();
+  return fdo_sdk::AllocationsSoFar() - before;
+}
+
+class TableFdoAllocations : public RecordedTable {
+ protected:
+  void Fill(int rows) {
+    Rows() = recording_provider::Rows({Id(L"id"), Data(L"n", FdoDataType_Int32),
+                                       Data(L"x", FdoDataType_Double), Data(L"flag", FdoDataType_Boolean),
+                                       Data(L"name", FdoDataType_String), Geometry(L"shape")});
+    for (int i = 0; i < rows; ++i) {
+      Rows().Add({i, i % 7, 0.5 * i, i % 2 == 0, L"a name too long for a small string", Fgf("POINT (1 2)")});
+    }
+    Open(kColumns);
+  }
+
+  // Reads the reader as the table does: a test for null and a getter for each cell.
+  static void ReadByHand(FdoIFeatureReader& reader) {
+    while (reader.ReadNext()) {
+      for (FdoInt32 i = 0; i < kColumnCount; ++i) EXPECT_FALSE(reader.IsNull(i));
+      reader.GetInt64(FdoInt32{0});
+      reader.GetInt32(FdoInt32{1});
+      reader.GetDouble(FdoInt32{2});
+      reader.GetBoolean(FdoInt32{3});
+      reader.GetString(FdoInt32{4});
+      FdoInt32 count = 0;
+      reader.GetGeometry(FdoInt32{5}, &count);
+    }
+  }
+  long long OfReader() {
+    FdoPtr<FdoISelect> const select(
+        static_cast<FdoISelect*>(connection_->CreateCommand(FdoCommandType_ExtendedSelect)));
+    select->SetFeatureClassName(L"Land:parcels");
+    FdoPtr<FdoIFeatureReader> const reader = select->Execute();
+    return AllocationsOf([&] { ReadByHand(*reader); });
+  }
+  // The scan of a query that has been started.
+  long long OfScan() {
+    return AllocationsOf([&] {
+      while (Row const* row = Parcels().Next()) {
+        for (int i = 0; i < kColumnCount; ++i) EXPECT_TRUE((*row)[i].IsValid());
+      }
+    });
+  }
+};
+
+TEST_F(TableFdoAllocations, AScanAllocatesNoMoreThanItsReader) {
+  for (bool const desired : {false, true}) {
+    // What a scan costs beside its rows is the same for few rows and for many.
+    long long more[2] = {};
+    int const rows[] = {10, 1000};
+    for (int i = 0; i < 2; ++i) {
+      Fill(rows[i]);
+      int const all[] = {0, 1, 2, 3, 4, 5};
+      if (desired) Parcels().SetDesiredFields(all, kColumnCount);
+      long long const byHand = OfReader();
+      EXPECT_GE(byHand, rows[i]) << "the counter works: the provider copies what it lends";
+      Parcels().Query();
+      more[i] = OfScan() - byHand;
+    }
+    EXPECT_EQ(more[0], more[1]) << (desired ? "desired" : "lazy");
+  }
+}
+
+TEST_F(TableFdoAllocations, AnUnreadRowCostsNothing) {
+  Fill(1000);
+  Parcels().Query();
+  EXPECT_LT(AllocationsOf([&] {
+              while (Parcels().Next() != nullptr) {
+              }
+            }),
+            20)
+      << "the end of the query, with its log line";
+}
+
+// A row costs no property, value or command of its own; what is counted is the provider's.
+TEST_F(TableFdoAllocations, InsertsOfABatchReuseTheirValues) {
+  Open(L"id:Int64 n:Int32 x:Double");
+  Row row(&def_);
+  row[1].Reset(7);
+  row[2].Reset(0.5);
+  Parcels().BeginWrite();
+  Parcels().Insert(row, nullptr, true);
+
+  FdoPtr<FdoIInsert> const insert(
+      static_cast<FdoIInsert*>(connection_->CreateCommand(FdoCommandType_Insert)));
+  insert->SetFeatureClassName(L"parcels");
+  FdoPtr<FdoPropertyValueCollection> const values = insert->GetPropertyValues();
+  FdoPtr<FdoInt64Value> const id = FdoInt64Value::Create();
+  FdoPtr<FdoInt32Value> const n = FdoInt32Value::Create(7);
+  FdoPtr<FdoDoubleValue> const x = FdoDoubleValue::Create(0.5);
+  values->Add(FdoPtr<FdoPropertyValue>(FdoPropertyValue::Create(L"id", id)));
+  values->Add(FdoPtr<FdoPropertyValue>(FdoPropertyValue::Create(L"n", n)));
+  values->Add(FdoPtr<FdoPropertyValue>(FdoPropertyValue::Create(L"x", x)));
+  auto const once = [&] { FdoPtr<FdoIFeatureReader> const reader = insert->Execute(); };
+  once();
+  // The log that both write into is taken away each time, so that it grows alike.
+  for (int i = 0; i < 3; ++i) {
+    Log();
+    long long const byHand = AllocationsOf(once);
+    Log();
+    EXPECT_EQ(AllocationsOf([&] { Parcels().Insert(row, nullptr, true); }), byHand);
+  }
+}
+
+}  // namespace
+}  // namespace fdo
