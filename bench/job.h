@@ -41,6 +41,7 @@ inline constexpr Unit kRowsPerSecond{"rows/s", Measure::kRate};
 inline constexpr Unit kBytesPerSecond{"bytes/s", Measure::kRate};
 inline constexpr Unit kGeometriesPerSecond{"geometries/s", Measure::kRate};
 inline constexpr Unit kFiltersPerSecond{"filters/s", Measure::kRate};
+inline constexpr Unit kConnectionsPerSecond{"connections/s", Measure::kRate};
 inline constexpr Unit kStartsPerSecond{"starts/s", Measure::kRate};
 inline constexpr Unit kMebibytes{"MiB", Measure::kAmount};
 

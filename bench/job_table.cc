@@ -33,6 +33,8 @@ constexpr Job kJobs[] = {
     {"geometry-from-fgf", "polygons in cache", kGeometriesPerSecond, 5, GeometryFromFgfJob},
     {"spatial-evaluate", "points in one polygon", kGeometriesPerSecond, 0.8, SpatialEvaluateJob},
     {"parse-filter", "three comparisons", kFiltersPerSecond, 0, ParseFilterJob},
+    {"pool", "one thread", kConnectionsPerSecond, 1, PoolJob},
+    {"pool", "two threads", kConnectionsPerSecond, 1, PoolJob},
     {"rss-growth", "gpkg polygons", kMebibytes, 2, RssGrowthJob},
     {"rss-growth", "fgb polygons", kMebibytes, 2, RssGrowthJob},
     {"rss-growth", "shp polygons", kMebibytes, 2, RssGrowthJob},

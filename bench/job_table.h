@@ -18,6 +18,7 @@ Sides GeometryFromFgfJob(Workbench const& bench, std::string_view data);
 Sides OgrOneFieldJob(Workbench const& bench, std::string_view data);
 Sides OgrScanJob(Workbench const& bench, std::string_view data);
 Sides ParseFilterJob(Workbench const& bench, std::string_view data);
+Sides PoolJob(Workbench const& bench, std::string_view data);
 Sides RssGrowthJob(Workbench const& bench, std::string_view data);
 Sides SpatialEvaluateJob(Workbench const& bench, std::string_view data);
 Sides StartJob(Workbench const& bench, std::string_view data);

@@ -76,6 +76,9 @@ class ConnectionPool {
 
   // Requires for all below: lock_ is held.
   void BuildKey(ConnectionRequest const& request);
+  Slots::iterator FindSlot(std::wstring_view key);
+  // Gives: the next slot.
+  Slots::iterator EraseSlot(Slots::iterator slot);
   // Closes the idle connections that close(slot, idle) is true for, and forgets slots without any.
   template <class Close>
   void CloseIdle(Close close);
@@ -83,7 +86,8 @@ class ConnectionPool {
   Create const create_;
   mutable std::mutex lock_;
   Slots slots_;
-  std::wstring key_;  // of the request at hand
+  Slots::iterator latest_ = slots_.end();  // found last; most callers come for the same source again
+  std::wstring key_;                       // of the request at hand
   __int64 created_ = 0;
   __int64 reused_ = 0;
   __int64 destroyedOnForeignThread_ = 0;
