@@ -15,7 +15,7 @@ wchar_t const* ProviderFromFileExtension(wchar_t const* path);
 // without any, the first library of kProviderLibraries whose provider's name contains it and which makes
 // a connection; a diagnostic line says that the libraries are tried, and one why each was passed over.
 // Deliberate: part of a name is enough, so "OSGeo.S" is whichever comes first
-// (CreateProviderConnection.PartOfANameIsEnough).
+// (CreateProviderConnectionTest.PartOfANameIsEnough).
 // Errors: null. What a library's entry point throws passes.
 FdoPtr<FdoIConnection> CreateProviderConnection(wchar_t const* provider);
 

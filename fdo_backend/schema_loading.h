@@ -19,7 +19,7 @@ std::vector<CoordSys> ReadCoordSystems(FdoIConnection& connection);
 // bySelecting: the class is what selecting from it gives, and not what is described. A class that cannot be
 // selected from is a diagnostic line, and those behind it move up.
 // Deliberate: the number of tables is that of the described classes, so that empty definitions are left at
-// the end then (DatabaseFdo.AClassThatCannotBeSelectedLeavesAnEmptyTableAtTheEnd).
+// the end then (DatabaseFdoTest.AClassThatCannotBeSelectedLeavesAnEmptyTableAtTheEnd).
 // Errors: null when the provider describes nothing or fails to. Other commands throw FdoException*.
 std::unique_ptr<DatabaseDef> ReadSchema(FdoIConnection& connection, bool bySelecting);
 

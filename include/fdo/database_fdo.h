@@ -28,7 +28,7 @@ class QUILLON_EXPORT DatabaseFdo : public Database {
  public:
   DatabaseFdo() = default;
   // Deliberate: a copy shares the tables and the connection and holds no reference of its own, so that only
-  // one of the two may ever be disconnected or destroyed (DatabaseFdo.CopiesShareWithoutAReference).
+  // one of the two may ever be disconnected or destroyed (DatabaseFdoTest.CopiesShareWithoutAReference).
   DatabaseFdo(DatabaseFdo const&) = default;
   DatabaseFdo& operator=(DatabaseFdo const&) = default;
   ~DatabaseFdo() override;
@@ -44,7 +44,7 @@ class QUILLON_EXPORT DatabaseFdo : public Database {
   // Adopts an open connection, which the caller has to close, and reads its schema; a schema that cannot be
   // read leaves it without tables.
   // Deliberate: ProviderName() stays what it was, so that a new object reads by name
-  // (DatabaseFdo.AnAdoptedConnectionIsReleasedAndNotClosed).
+  // (DatabaseFdoTest.AnAdoptedConnectionIsReleasedAndNotClosed).
   // Owns: a reference to the connection.
   // Errors: false for null, and with a diagnostic line when the provider fails; the connection is then
   // adopted all the same.
