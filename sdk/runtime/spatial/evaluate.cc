@@ -6,6 +6,7 @@
 #include "FdoSpatial.h"
 #include "sdk/runtime/geometry/geometry_append.h"
 #include "sdk/runtime/spatial/box_decision.h"
+#include "sdk/runtime/spatial/mixed_relation.h"
 #include "sdk/runtime/spatial/operand_cache.h"
 #include "sdk/runtime/spatial/point_location.h"
 
@@ -136,66 +137,6 @@ class GeosPair {
   GEOSPreparedGeometry const* preparedB_;
 };
 
-bool Any(GeosSession& session, GeosOperand const& a, Relation relation, GeosOperand const& b) {
-  for (GeosGeometry const& partA : a) {
-    for (GeosGeometry const& partB : b) {
-      if (GeosPair(session, partA.get(), nullptr, partB.get(), nullptr).Holds(relation)) return true;
-    }
-  }
-  return false;
-}
-
-bool All(GeosSession& session, GeosOperand const& a, Relation relation, GeosOperand const& b) {
-  for (GeosGeometry const& partA : a) {
-    for (GeosGeometry const& partB : b) {
-      if (!GeosPair(session, partA.get(), nullptr, partB.get(), nullptr).Holds(relation)) return false;
-    }
-  }
-  return true;
-}
-
-// One of the two has parts of different kinds, for which GEOS has no answer of its own.
-bool HoldsByParts(GeosSession& session, GeosOperand const& a, Relation relation, GeosOperand const& b) {
-  switch (relation) {
-    case Relation::kIntersects:
-      return Any(session, a, Relation::kIntersects, b);
-    case Relation::kDisjoint:
-      return !Any(session, a, Relation::kIntersects, b);
-    case Relation::kTouches: {
-      // They meet, but no two parts do so with their interiors.
-      bool meets = false;
-      for (GeosGeometry const& partA : a) {
-        for (GeosGeometry const& partB : b) {
-          GeosPair pair(session, partA.get(), nullptr, partB.get(), nullptr);
-          if (!pair.Holds(Relation::kIntersects)) continue;
-          meets = true;
-          if (!pair.Holds(Relation::kTouches)) return false;
-        }
-      }
-      return meets;
-    }
-    case Relation::kWithin:
-      if (b.size() == 1)
-        return All(session, a, Relation::kCoveredBy, b) && Any(session, a, Relation::kWithin, b);
-      break;
-    case Relation::kCoveredBy:
-    case Relation::kInside:
-      if (b.size() == 1) return All(session, a, relation, b);
-      break;
-    case Relation::kContains:
-    case Relation::kCovers:
-    case Relation::kContainsProperly:
-      if (a.size() == 1) return HoldsByParts(session, b, Transposed(relation), a);
-      break;
-    case Relation::kCrosses:
-    case Relation::kEquals:
-    case Relation::kOverlaps:
-    case Relation::kEnvelopeIntersects:
-      break;
-  }
-  ThrowFailure(L"The spatial operation does not take a collection of parts of different kinds there.");
-}
-
 // What one side of the question is to GEOS: kept from earlier questions, or made for this one.
 class GeosSide {
  public:
@@ -229,7 +170,7 @@ bool HoldsInGeos(FgfBacked const& a, CachedOperand* cachedA, Relation relation, 
     return relation == Relation::kDisjoint ||
            (relation == Relation::kEquals && operandA.empty() && operandB.empty());
   }
-  if (operandA.size() > 1 || operandB.size() > 1) return HoldsByParts(session, operandA, relation, operandB);
+  if (operandA.size() > 1 || operandB.size() > 1) return HoldsForMixed(session, operandA, relation, operandB);
   return GeosPair(session, operandA[0].get(), sideA.Prepared(), operandB[0].get(), sideB.Prepared())
       .Holds(relation);
 }
@@ -294,7 +235,7 @@ bool HoldsWithin(FgfBacked const& a, Relation relation, FgfBacked const& b, doub
   if (relation == Relation::kDisjoint) return !AnyWithin(session, operandA, tolerance, operandB);
   Snap(session, operandB, tolerance, operandA);
   Snap(session, operandA, tolerance, operandB);
-  if (operandA.size() > 1 || operandB.size() > 1) return HoldsByParts(session, operandA, relation, operandB);
+  if (operandA.size() > 1 || operandB.size() > 1) return HoldsForMixed(session, operandA, relation, operandB);
   return GeosPair(session, operandA[0].get(), nullptr, operandB[0].get(), nullptr).Holds(relation);
 }
 

@@ -172,7 +172,7 @@ TEST(Evaluate, CollectionOfSeveralKindsIsItsPartsTogether) {
   EXPECT_FALSE(Evaluate(mixed, FdoSpatialOperations_Disjoint, part));
   EXPECT_FALSE(Evaluate(mixed, FdoSpatialOperations_Touches, part));
   EXPECT_TRUE(Evaluate(mixed, FdoSpatialOperations_Touches, From("POLYGON ((3 3, 3 0, 9 0, 9 9, 3 3))")));
-  EXPECT_NE(CaughtMessage([&] { Evaluate(mixed, FdoSpatialOperations_Crosses, part); }), L"");
+  EXPECT_TRUE(Evaluate(mixed, FdoSpatialOperations_Crosses, part));
 }
 
 TEST(Evaluate, ArcsAreWithinOnePartIn100000OfTheRadius) {
