@@ -9,6 +9,7 @@
 #include <fdo/database_ogr.h>
 #include <fdo/db_pool.h>
 #include <fdo/diagnostics.h>
+#include <fdo/expr_eval.h>
 #include <fdo/geometry_stream.h>
 #include <fdo/row.h>
 #include <fdo/scroller.h>

@@ -1,0 +1,90 @@
+// A program that is a condition, in larger steps: each test of a column against a literal is one step that
+// knows both its ways on, and what the other tests decide is not looked at.
+#ifndef EXPR_CONDITION_H_
+#define EXPR_CONDITION_H_
+
+#include <fdo/expr_eval.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "expr/machine.h"
+
+namespace fdo {
+
+class ExprEval::Condition {
+ public:
+  // Null for a program that is no condition, or of which a part must be run even where it decides nothing:
+  // without allConditions that is what may throw or trap, and columns that are looked up by name.
+  // Borrowed: the machine must outlive the condition.
+  // Requires: the program is balanced.
+  static std::unique_ptr<Condition> Make(Machine& machine, ExprOptions const& options);
+
+  // What the program gives for the row, as a flag. All its columns are fetched first, in the program's
+  // order, as the program itself does.
+  bool Holds(Row const& row);
+
+ private:
+  // A number as values have them; two of them are less, equal and calculated with as Value does it.
+  struct Number {
+    bool isInteger;
+    long long integer;
+    double real;  // the number in any case
+  };
+
+  enum class Kind : unsigned char {
+    kInteger,     // column and integer
+    kReal,        // column and double
+    kText,        // column and text
+    kCalculated,  // column, calculated with a number, and a number
+    kIsNull,      // column
+    kPart,        // anything: a part of the program
+  };
+  // The comparisons come down to three tests, their negation to exchanged ways on.
+  enum class Test : unsigned char { kColumnLess, kLiteralLess, kEqual };
+
+  // One step. Ways on are the positions of other steps, or an outcome.
+  struct Step {
+    Kind kind = Kind::kPart;
+    Test test = Test::kEqual;
+    bool numberIsLeft = false;   // of the calculation
+    bool isUnderNot = false;     // an odd number of NOTs
+    bool isNegated = false;      // the test holds where the condition does not
+    std::int32_t operation = 0;  // of the calculation
+    int cell = 0;                // in cells_
+    int ifTrue = 0;
+    int ifFalse = 0;
+    int ifUnknown = 0;
+    int ifNull = 0;  // where the column is null
+    Number literal = {};
+    Number operand = {};            // of the calculation
+    wchar_t const* text = nullptr;  // lent by the program
+    std::size_t begin = 0;          // of the part of the program that the step stands for
+    std::size_t end = 0;
+  };
+
+  static constexpr int kHolds = -1;
+  static constexpr int kFails = -2;
+
+  class Builder;
+
+  explicit Condition(Machine& machine, ExprOptions const& options) : machine_(machine), options_(options) {}
+
+  int Follow(Step const& step, Row const& row);
+  int FollowPart(Step const& step, Row const& row);
+  static bool Less(Number const& left, Number const& right);
+  static int Choose(Step const& step, Number const& column, Number const& literal);
+  static Number Calculated(Step const& step, Number const& column);
+
+  Machine& machine_;
+  ExprOptions const options_;
+  std::vector<Step> steps_;
+  int first_ = 0;
+  std::vector<int> columns_;         // those that the program uses, in its order
+  std::vector<Value const*> cells_;  // of the row at hand, one for each of columns_
+};
+
+}  // namespace fdo
+
+#endif  // EXPR_CONDITION_H_
