@@ -13,10 +13,7 @@
 namespace fdo {
 
 TableFdo::TableFdo(FdoIConnection* connection, TableDef const* def, bool accessByName)
-    : Table(def),
-      row_(this),
-      accessByName_(accessByName),
-      connection_(FDO_SAFE_ADDREF(connection)) {
+    : Table(def), row_(this), accessByName_(accessByName), connection_(FDO_SAFE_ADDREF(connection)) {
   // Asking for the cell fetches it, which needs the members: without a reader it stays undefined.
   if (def->ColumnCount() > 0) cells_ = &row_[0];
 }
@@ -37,10 +34,10 @@ Row const* TableFdo::Next() {
       row_.Invalidate();
       return nullptr;
     }
-    if (positions_.empty()) {
+    if (shown_.positions.empty()) {
       row_.Invalidate();
     } else {
-      for (int const column : desired_) ConvertValue(cells_[column], column);
+      for (int const column : shown_.columns) ConvertValue(cells_[column], column);
     }
     return &row_;
   });
@@ -56,7 +53,8 @@ void TableFdo::ConvertValue(Value& cell, int column) const {
       internal::ReadCell(*reader_, definition.Name(), definition.Type(), cell);
       return true;
     }
-    FdoInt32 const position = positions_.empty() ? column : positions_[static_cast<std::size_t>(column)];
+    FdoInt32 const position =
+        shown_.positions.empty() ? column : shown_.positions[static_cast<std::size_t>(column)];
     if (position < 0) {
       cell.Invalidate();
     } else {
@@ -69,13 +67,13 @@ void TableFdo::ConvertValue(Value& cell, int column) const {
 }
 
 void TableFdo::SetDesiredFields(int const* columns, int count) {
-  positions_.clear();
-  desired_.clear();
+  desired_ = DesiredFields();
   if (columns == nullptr || count == 0) return;
-  positions_.assign(static_cast<std::size_t>(def_->ColumnCount()), -1);
-  for (int k = 0; k < count; ++k) positions_[static_cast<std::size_t>(columns[k])] = k;
-  for (int column = 0; column < def_->ColumnCount(); ++column) {
-    if (positions_[static_cast<std::size_t>(column)] >= 0) desired_.push_back(column);
+  auto const columnCount = static_cast<std::size_t>(def_->ColumnCount());
+  desired_.positions.assign(columnCount, -1);
+  for (int k = 0; k < count; ++k) desired_.positions[static_cast<std::size_t>(columns[k])] = k;
+  for (std::size_t column = 0; column < columnCount; ++column) {
+    if (desired_.positions[column] >= 0) desired_.columns.push_back(static_cast<int>(column));
   }
 }
 

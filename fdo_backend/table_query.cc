@@ -29,6 +29,7 @@ void AddIdentifier(FdoIdentifierCollection& identifiers, wchar_t const* name) {
 
 void TableFdo::InitSelect() {
   EndQuery();
+  shown_ = desired_;
   if (select_ == nullptr) {
     bool const extended = ListsExtendedSelect(connection_);
     // The only command that takes the qualified name.
@@ -44,9 +45,9 @@ void TableFdo::InitSelect() {
 
 void TableFdo::SelectProperties() {
   FdoPtr<FdoIdentifierCollection> const names = select_->GetPropertyNames();
-  if (!positions_.empty()) {
+  if (!shown_.positions.empty()) {
     names->Clear();
-    for (int const column : desired_) AddIdentifier(*names, (*def_)[column].Name());
+    for (int const column : shown_.columns) AddIdentifier(*names, (*def_)[column].Name());
   } else if (accessByName_) {
     names->Clear();  // all of them
   } else if (names->GetCount() < def_->ColumnCount()) {

@@ -1,6 +1,8 @@
 // Every implementation of Database and Table under the contract that they share.
 #include "testing/table_contract.h"
 
+#include <Fdo.h>
+#include <fdo/database_fdo.h>
 #include <fdo/database_ogr.h>
 #include <fdo/text_conversion.h>
 
@@ -113,6 +115,7 @@ constexpr TableFixture OgrFixture(char const* name, char const* fileName) {
           .boxMeetsEnvelope = false,
           .filterKeepsBox = true,
           .countEndsQuery = true,
+          .extentEndsQuery = true,
           .deleteKeepsIds = true,
           .deletesByFilter = false,
           .updatesById = false,
@@ -144,6 +147,54 @@ constexpr TableFixture Csv() {
   return fixture;
 }
 
+// --- Stores of FDO providers ----------------------------------------------------------------------
+
+// The store of a provider that keeps it in memory, as long as the connection is open.
+class FdoMemoryStore : public ContractStore {
+ public:
+  explicit FdoMemoryStore(std::vector<ContractRow> const& rows) {
+    FdoPtr<IConnectionManager> const manager = FdoFeatureAccessManager::GetConnectionManager();
+    connection_ = manager->CreateConnection(L"quillon_memory_provider");
+    connection_->SetConnectionString(L"");
+    connection_->Open();
+    EXPECT_TRUE(database_.Connect(connection_));
+    DatabaseDef def;
+    SetContractSchema(def);
+    EXPECT_TRUE(database_.SetSchema(def));
+    if (database_.Count() != 1) return;
+    InsertContractRows(database_[0], rows);
+    EXPECT_TRUE(database_.Connect(connection_)) << "with new tables";
+  }
+  Database& Db() override { return database_; }
+
+ private:
+  FdoPtr<FdoIConnection> connection_;
+  DatabaseFdo database_;
+};
+
+std::unique_ptr<ContractStore> MakeFdoMemory(TableFixture const&, std::vector<ContractRow> const& rows,
+                                             Access) {
+  return std::make_unique<FdoMemoryStore>(rows);
+}
+
+constexpr TableFixture kFdoMemory = {.name = "FdoMemory",
+                                     .make = MakeFdoMemory,
+                                     .fileName = nullptr,
+                                     .schemaName = L"test",
+                                     .writes = true,
+                                     .nullText = true,
+                                     .ownOrder = true,
+                                     .orders = true,
+                                     .boxMeetsEnvelope = true,
+                                     .filterKeepsBox = false,
+                                     .countEndsQuery = false,
+                                     .extentEndsQuery = false,
+                                     .deleteKeepsIds = true,
+                                     .deletesByFilter = true,
+                                     .updatesById = true,
+                                     .updateHeedsFilter = true,
+                                     .notDesired = NotDesired::kUndefined};
+
 // --- All of them ---------------------------------------------------------------------------------
 
 constexpr TableFixture kMemory = {.name = "Memory",
@@ -157,6 +208,7 @@ constexpr TableFixture kMemory = {.name = "Memory",
                                   .boxMeetsEnvelope = true,
                                   .filterKeepsBox = false,
                                   .countEndsQuery = false,
+                                  .extentEndsQuery = true,
                                   .deleteKeepsIds = true,
                                   .deletesByFilter = true,
                                   .updatesById = true,
@@ -164,7 +216,7 @@ constexpr TableFixture kMemory = {.name = "Memory",
                                   .notDesired = NotDesired::kThrowsLogicError};
 
 constexpr TableFixture kFixtures[] = {
-    kMemory, Shapefile(), Gpkg(), GeoJson(), FlatGeobuf(), Csv(), Sqlite(),
+    kMemory, kFdoMemory, Shapefile(), Gpkg(), GeoJson(), FlatGeobuf(), Csv(), Sqlite(),
 };
 
 INSTANTIATE_TEST_SUITE_P(Every, TableContract, ::testing::ValuesIn(kFixtures), TableFixtureName);

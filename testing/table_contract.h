@@ -49,6 +49,7 @@ struct TableFixture {
   bool boxMeetsEnvelope;      // a box selects by envelopes; otherwise by the geometries themselves
   bool filterKeepsBox;        // a query or a count by filter stays inside the last box
   bool countEndsQuery;        // counting rows ends the running query
+  bool extentEndsQuery;       // so does measuring them
   bool deleteKeepsIds;        // otherwise rows behind a deleted one move up when the next query starts
   bool deletesByFilter;       // Delete(filter) may be called
   bool updatesById;           // Update(row, id) works; otherwise it is false and nothing changes

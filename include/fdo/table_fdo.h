@@ -35,8 +35,7 @@ class InsertValues;
 // - Query(filter, ...) orders where the provider lists command 53 (extended select), and silently not
 //   elsewhere. Deliberate: the order stays for all later queries of the table, until another takes its
 //   place (TableFdoQuery.TheOrderStaysForLaterQueries).
-// - SetDesiredFields takes effect at once, the running query included: call it between queries.
-//   IsEmpty and the statistics lift it.
+// - IsEmpty lifts the restriction of SetDesiredFields, as the statistics do.
 // - GetRowCount leaves the running query alone, and so does GetExtent where the provider has aggregates.
 // - Insert starts from nulls, and a null or undefined cell writes nothing: such columns are null.
 //   Deliberate: Update fills the same scratch values and leaves its own in them. The next Update sends
@@ -128,10 +127,15 @@ class QUILLON_EXPORT TableFdo : public Table {
   bool ExtentByAggregate(double* box, FdoFilter* filter) const;
   void PrepareInsert();
 
-  Row row_;                          // the current record
-  Value* cells_ = nullptr;           // of row_; null without columns
-  std::vector<FdoInt32> positions_;  // of each column among the desired fields, or -1; empty: all columns
-  std::vector<int> desired_;         // the desired columns in ascending order
+  Row row_;                 // the current record
+  Value* cells_ = nullptr;  // of row_; null without columns
+  // What a restriction to some columns says; both empty: all columns.
+  struct DesiredFields {
+    std::vector<FdoInt32> positions;  // of each column in the list that was given, or -1
+    std::vector<int> columns;         // of the list, in ascending order
+  };
+  DesiredFields desired_;  // for later queries
+  DesiredFields shown_;    // of the running query
   bool accessByName_;
   FdoPtr<FdoIConnection> connection_;
   FdoPtr<FdoIFeatureReader> reader_;  // of the running query
