@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "port/file.h"
+#include "sdk/providers/sqlite/sql_functions.h"
 #include "sdk/runtime/core/utf8.h"
 
 namespace fdo_sqlite {
@@ -57,6 +58,9 @@ void Database::OpenHandle(int flags, int busyMilliseconds) {
   if (code == SQLITE_OK) {
     Configure(handle_);
     SetBusyWait(busyMilliseconds);
+    code = RegisterSqlFunctions(handle_);
+  }
+  if (code == SQLITE_OK) {
     // Nothing has been read so far. This reads the head of the file, and the schema.
     code = sqlite3_exec(handle_, "SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
   }
