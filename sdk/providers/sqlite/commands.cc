@@ -11,7 +11,16 @@ struct CommandOfType {
 };
 
 std::vector<CommandOfType> const& Commands() {
-  static std::vector<CommandOfType> const commands = {};
+  static std::vector<CommandOfType> const commands = {
+      {FdoCommandType_DescribeSchema, &MakeDescribeSchema},
+      {FdoCommandType_ApplySchema, &MakeApplySchema},
+      {FdoCommandType_CreateSpatialContext, &MakeCreateSpatialContext},
+      {FdoCommandType_GetSpatialContexts, &MakeGetSpatialContexts},
+      {FdoCommandType_CreateDataStore, &MakeCreateDataStore},
+      {FdoCommandType_DestroyDataStore, &MakeDestroyDataStore},
+      {FdoCommandType_GetSchemaNames, &MakeGetSchemaNames},
+      {FdoCommandType_GetClassNames, &MakeGetClassNames},
+  };
   return commands;
 }
 

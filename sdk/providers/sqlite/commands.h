@@ -22,6 +22,7 @@ FdoICommand* MakeGetClassNames(Connection* connection);
 FdoICommand* MakeCreateSpatialContext(Connection* connection);
 FdoICommand* MakeGetSpatialContexts(Connection* connection);
 FdoICommand* MakeCreateDataStore(Connection* connection);
+FdoICommand* MakeDestroyDataStore(Connection* connection);
 
 }  // namespace fdo_sqlite
 

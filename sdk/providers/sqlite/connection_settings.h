@@ -21,6 +21,13 @@ inline std::vector<fdo_provider::SettingInfo> const& ConnectionSettings() {
   return settings;
 }
 
+// The first of them: what is written in a new file.
+inline std::vector<fdo_provider::SettingInfo> const& DataStoreSettings() {
+  static std::vector<fdo_provider::SettingInfo> const settings(
+      ConnectionSettings().begin(), ConnectionSettings().begin() + kGeometryFormat);
+  return settings;
+}
+
 inline bool UsesFdoMetadata(fdo_provider::Settings const& settings) {
   return settings.Effective(kUseFdoMetadata) == L"TRUE";
 }

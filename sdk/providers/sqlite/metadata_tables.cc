@@ -20,6 +20,9 @@ constexpr TypeOfMask kTypesOfMasks[] = {
     {10, FdoGeometricType_Surface}, {12, FdoGeometricType_Surface},
 };
 
+// Numbers become numbers by the affinity of their columns.
+std::string SqlOf(MetadataText const& value) { return value ? QuotedText(*value) : "NULL"; }
+
 }  // namespace
 
 bool IsMetadataTable(std::string const& sqlName) {
@@ -90,6 +93,58 @@ int GeometryTypeOfMask(std::int32_t geometricTypes) {
     if (row.mask == geometricTypes) return row.geometryType;
   }
   return 0;
+}
+
+void CreateMetadataTables(Database& database, bool useFdoMetadata) {
+  // Programs recognise the tables by these columns; what is added stands behind them.
+  std::string const mask = useFdoMetadata ? std::string(", ") + kGeometricTypesColumn + " INTEGER" : "";
+  std::string const name = useFdoMetadata ? std::string(", ") + kContextNameColumn + " TEXT" : "";
+  database.Execute(
+      "CREATE TABLE IF NOT EXISTS geometry_columns (f_table_name TEXT, f_geometry_column TEXT,"
+      " geometry_type INTEGER, coord_dimension INTEGER, srid INTEGER, geometry_format TEXT" +
+      mask + ")");
+  database.Execute(
+      "CREATE TABLE IF NOT EXISTS spatial_ref_sys (srid INTEGER UNIQUE, auth_name TEXT, auth_srid TEXT,"
+      " srtext TEXT" +
+      name + ")");
+  if (!useFdoMetadata) return;
+  database.Execute(
+      "CREATE TABLE IF NOT EXISTS fdo_columns (f_table_name TEXT NOT NULL, f_column_name TEXT NOT NULL,"
+      " f_column_desc TEXT, fdo_data_type INTEGER, fdo_data_length INTEGER, fdo_data_precision INTEGER,"
+      " fdo_data_scale INTEGER)");
+}
+
+void InsertMetadata(Database& database, char const* table, MetadataValues const& values) {
+  std::string columns, texts;
+  for (auto const& [column, value] : values) {
+    if (!HasColumn(database, table, column)) continue;
+    columns += (columns.empty() ? "" : ", ") + QuotedName(column);
+    texts += (texts.empty() ? "" : ", ") + SqlOf(value);
+  }
+  database.Execute("INSERT INTO " + QuotedName(table) + " (" + columns + ") VALUES (" + texts + ")");
+}
+
+void UpdateMetadata(Database& database, char const* table, MetadataValues const& values,
+                    std::string const& where) {
+  std::string changes;
+  for (auto const& [column, value] : values) {
+    if (!HasColumn(database, table, column)) continue;
+    changes += (changes.empty() ? "" : ", ") + QuotedName(column) + " = " + SqlOf(value);
+  }
+  database.Execute("UPDATE " + QuotedName(table) + " SET " + changes + " WHERE " + where);
+}
+
+std::string RowsOfTable(std::string const& featureTable) {
+  return "f_table_name COLLATE NOCASE = " + QuotedText(featureTable);
+}
+
+std::string RowsOfColumn(std::string const& featureTable, char const* columnName, std::string const& column) {
+  return RowsOfTable(featureTable) + " AND " + columnName + " COLLATE NOCASE = " + QuotedText(column);
+}
+
+void DeleteMetadata(Database& database, char const* table, std::string const& where) {
+  if (!HasColumn(database, table, "f_table_name")) return;
+  database.Execute("DELETE FROM " + QuotedName(table) + " WHERE " + where);
 }
 
 }  // namespace fdo_sqlite

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "sdk/providers/sqlite/ascii.h"
@@ -55,6 +56,26 @@ GeometryTypeMeaning MeaningOfGeometryType(std::optional<std::int64_t> geometryTy
 
 // The number to write for a mask: that of the simple type, 0 for a mixture.
 int GeometryTypeOfMask(std::int32_t geometricTypes);
+
+// Makes those of the tables that do not exist. Those that exist stay as they are. The extra columns, and
+// fdo_columns, are made with metadata only.
+void CreateMetadataTables(Database& database, bool useFdoMetadata);
+
+// Values to write, by column. Nothing is null. Those of columns that the table lacks are left out.
+typedef std::optional<std::string> MetadataText;
+typedef std::vector<std::pair<char const*, MetadataText>> MetadataValues;
+
+void InsertMetadata(Database& database, char const* table, MetadataValues const& values);
+// Other columns of the rows keep what they have. where is SQL.
+void UpdateMetadata(Database& database, char const* table, MetadataValues const& values,
+                    std::string const& where);
+
+// SQL for the rows of a feature table, or of one of its columns.
+std::string RowsOfTable(std::string const& featureTable);
+std::string RowsOfColumn(std::string const& featureTable, char const* columnName, std::string const& column);
+
+// Removes rows from a table of metadata that may not exist.
+void DeleteMetadata(Database& database, char const* table, std::string const& where);
 
 }  // namespace fdo_sqlite
 

@@ -188,7 +188,9 @@ void ClassReading::TakeGeometry(std::vector<MetadataRow> const& rows, bool useFd
     column->kind = StoreColumn::Kind::kGeometry;
     column->format = FormatOf(row);
     column->geometricTypes = meaning.geometricTypes;
-    column->hasElevation = meaning.hasElevation || row.Number("coord_dimension").value_or(2) > 2;
+    // A third ordinate of which nothing more is said is Z.
+    column->hasElevation =
+        meaning.hasElevation || (!meaning.hasMeasure && row.Number("coord_dimension").value_or(2) > 2);
     column->hasMeasure = meaning.hasMeasure;
     std::int64_t const mask = useFdoMetadata ? row.Number(kGeometricTypesColumn).value_or(0) : 0;
     if (mask > 0 && mask <= FdoGeometricType_All) column->geometricTypes = static_cast<std::int32_t>(mask);
@@ -242,12 +244,12 @@ std::vector<SpatialContext> ReadSpatialContexts(Database& database, bool useFdoM
     std::optional<std::string> const name = useFdoMetadata ? row.Text(kContextNameColumn) : std::nullopt;
     std::string coordinateSystem = authority.value_or("");
     if (authority && code) coordinateSystem += ":" + *code;
-    // Where nothing but the number is known, it is the name of both.
-    if (!name && !(authority && code)) coordinateSystem = std::to_string(*srid);
+    // Where the row has no name of its own and no authority's, its number is both.
+    bool const isNamed = name || (authority && code);
 
     SpatialContext& context = contexts.emplace_back();
     context.srid = *srid;
-    context.coordinateSystem = fdo_sdk::WideFromUtf8(coordinateSystem);
+    context.coordinateSystem = fdo_sdk::WideFromUtf8(isNamed ? coordinateSystem : std::to_string(*srid));
     context.name = Unused(name ? fdo_sdk::WideFromUtf8(*name) : context.coordinateSystem, taken);
     context.wkt = fdo_sdk::WideFromUtf8(row.Text("srtext").value_or(""));
   }
