@@ -71,7 +71,7 @@ int ExprEval::Condition::FollowPart(Step const& step, Row const& row) {
   Value* top = machine_.Stack() - 1;
   machine_.Run(step.begin, step.end, &row, top);
   bool const unknown = options_.nullIsUnknown && internal::IsUnknown(*top);
-  bool const holds = top->AsBool();
+  bool const holds = top->AsBool() != step.isNegated;
   top->Reset();
   return unknown ? step.ifUnknown : holds ? step.ifTrue : step.ifFalse;
 }

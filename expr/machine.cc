@@ -287,7 +287,7 @@ FdoIGeometry* ExprEval::Machine::GeometryAt(std::size_t at, Value const& value, 
 void ExprEval::Machine::Relate(std::size_t at, Value*& top) {
   Value& left = *top;
   Value& right = *(top - 1);
-  if (options_.allConditions && (left.IsNull() || right.IsNull())) {
+  if (options_.allConditions && (left.AsBlob() == nullptr || right.AsBlob() == nullptr)) {
     if (options_.nullIsUnknown) {
       right.Reset();
     } else {
@@ -308,7 +308,7 @@ void ExprEval::Machine::Measure(std::size_t at, Value*& top) {
   Value& left = *top;
   Value& right = *(top - 1);
   Value& outcome = *(top - 2);
-  bool known = !left.IsNull() && !right.IsNull();
+  bool known = left.AsBlob() != nullptr && right.AsBlob() != nullptr;
   bool holds = false;
   if (known) {
     FdoPtr<FdoIGeometry> const row = internal::GeometryOf(left);

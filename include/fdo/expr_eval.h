@@ -67,8 +67,8 @@ struct ExprOptions {
   //   everything else that has a place.
   // - Integer division and mod by zero give null; the least integer divided by -1 gives a double.
   // - x, y, z and m read geometry of columns and literals, too.
-  // - A null geometry meets no spatial and no distance condition. An empty one is at no distance from
-  //   anything, neither within nor beyond.
+  // - What is not bytes, null among it, is no geometry and meets no spatial and no distance condition. An
+  //   empty geometry is at no distance from anything, neither within nor beyond.
   // - A condition is not looked at when the others decide, so that what it would throw may not come.
   bool allConditions = false;
   // Null is unknown, as in SQL, and a number that is none (NaN) is null: a comparison, a spatial, a
