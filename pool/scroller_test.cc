@@ -5,7 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "ogr_backend/ogr_test_files.h"
+#include "port/process_memory.h"
 #include "testing/captured_diagnostics.h"
+#include "testing/memory_table.h"
+#include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
 
 namespace fdo {
@@ -89,6 +92,60 @@ TEST_P(ScrollerTest, ASecondOneSharesTheConnectionAndReadsForItself) {
   Row const* const row = first.At(1);
   second.At(2);
   EXPECT_EQ(NameOf(row), name);
+}
+
+// A table whose rows are nothing but their identities: every third number, backwards from the first.
+class Numbers : public Table {
+ public:
+  Numbers(TableDef const* def, __int64 count) : Table(def), count_(count), row_(def) {}
+
+  Row const* Next() override {
+    if (next_ == count_) return nullptr;
+    row_[0] = 1'000'000 - 3 * next_++;
+    return &row_;
+  }
+
+  bool Insert(Row const&, __int64*, bool) override { return false; }
+  __int64 Update(Row const&, FdoFilter*) override { return -1; }
+  bool Update(Row const&, __int64) override { return false; }
+  __int64 Delete(FdoFilter*) override { return 0; }
+  bool Delete(__int64) override { return false; }
+  void Query(FdoFilter*, wchar_t const*, bool) override {}
+  Row const* Query(__int64) override { return nullptr; }
+  void Query(double const* const, FdoFilter*) override {}
+  void Query() override {}
+  void QueryRange(__int64, __int64) override {}
+  void EndQuery() override {}
+  __int64 GetRowCount(FdoFilter*, bool) override { return count_; }
+  Row const& At() override { return row_; }
+  using Table::SetDesiredFields;
+  void SetDesiredFields(int const*, int) override {}
+
+ protected:
+  void FetchCurrentValue(Value&, int) const override {}
+
+ private:
+  __int64 const count_;
+  __int64 next_ = 0;
+  Row row_;
+};
+
+TEST(Scroller, AMillionRowsTakeUnderNineBytesEach) {
+  constexpr __int64 kRows = 1'000'000;
+  CapturedDiagnostics const diagnostics;
+  TableDef const def = MakeTableDef(L"s", L"numbers", L"id:Int64");
+  MemoryDatabase database{DatabaseDef()};
+  // The first one loads what connections are made with.
+  Numbers none(&def, 0);
+  Scroller const first(&database, &none);
+  Numbers numbers(&def, kRows);
+  std::int64_t const before = port::ResidentBytes();
+  Scroller scroller(&database, &numbers);
+#if !defined(__SANITIZE_ADDRESS__)  // which puts fences around each block
+  EXPECT_LT(port::ResidentBytes() - before, 9 * kRows);
+#endif
+  EXPECT_EQ(scroller.Count(), static_cast<std::uint64_t>(kRows));
+  EXPECT_EQ(scroller.At(0), nullptr) << "there is no second connection to such a database";
 }
 
 std::vector<OgrFormat> WithRowsOfTheirOwn() {
