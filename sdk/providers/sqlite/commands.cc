@@ -12,6 +12,12 @@ struct CommandOfType {
 
 std::vector<CommandOfType> const& Commands() {
   static std::vector<CommandOfType> const commands = {
+      {FdoCommandType_Select, &MakeSelect},
+      {FdoCommandType_Insert, &MakeInsert},
+      {FdoCommandType_Delete, &MakeDelete},
+      {FdoCommandType_Update, &MakeUpdate},
+      {FdoCommandType_SelectAggregates, &MakeSelectAggregates},
+      {FdoCommandType_ExtendedSelect, &MakeExtendedSelect},
       {FdoCommandType_DescribeSchema, &MakeDescribeSchema},
       {FdoCommandType_ApplySchema, &MakeApplySchema},
       {FdoCommandType_CreateSpatialContext, &MakeCreateSpatialContext},

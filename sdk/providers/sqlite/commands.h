@@ -15,6 +15,12 @@ std::vector<FdoInt32> CommandTypes();
 FdoICommand* MakeCommand(Connection* connection, FdoInt32 commandType);
 
 // Give: one reference.
+FdoICommand* MakeSelect(Connection* connection);
+FdoICommand* MakeExtendedSelect(Connection* connection);
+FdoICommand* MakeSelectAggregates(Connection* connection);
+FdoICommand* MakeInsert(Connection* connection);
+FdoICommand* MakeUpdate(Connection* connection);
+FdoICommand* MakeDelete(Connection* connection);
 FdoICommand* MakeDescribeSchema(Connection* connection);
 FdoICommand* MakeApplySchema(Connection* connection);
 FdoICommand* MakeGetSchemaNames(Connection* connection);

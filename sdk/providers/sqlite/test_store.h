@@ -26,6 +26,7 @@ class TestStore {
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(Utf8File().c_str(), &other), SQLITE_OK);
     char* message = nullptr;
+    sqlite3_exec(other, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
     EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, &message), SQLITE_OK) << message << "\n"
                                                                                        << sql;
     sqlite3_free(message);

@@ -1,0 +1,144 @@
+// The command that adds a feature.
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+
+#include "sdk/providers/sqlite/command_base.h"
+#include "sdk/providers/sqlite/commands.h"
+#include "sdk/providers/sqlite/data_version.h"
+#include "sdk/providers/sqlite/feature_reader.h"
+#include "sdk/providers/sqlite/given_values.h"
+#include "sdk/providers/sqlite/sql_fragment.h"
+#include "sdk/providers/sqlite/sql_names.h"
+
+namespace fdo_sqlite {
+namespace {
+
+// How features with one set of properties are added to one class.
+struct InsertPlan {
+  StoreClassPtr storeClass;
+  GivenValues given;
+  Statement statement;
+  FeatureShapePtr identity;   // of what the reader gives
+  bool identityIsRowId;       // so that SQLite tells it without being asked
+  std::uint32_t dataVersion;  // when the class was looked up
+};
+
+// INSERT INTO "table" ("a","b") VALUES (?,?), asking for the identity where it is not the rowid.
+std::string InsertText(StoreClass const& storeClass, std::vector<StoreColumn const*> const& columns,
+                       bool identityIsRowId) {
+  std::string sql = "INSERT INTO " + QuotedName(storeClass.tableName);
+  if (columns.empty()) {
+    sql += " DEFAULT VALUES";
+  } else {
+    std::string marks;
+    for (StoreColumn const* column : columns) {
+      sql += (marks.empty() ? " (" : ",") + QuotedName(column->sqlName);
+      marks += marks.empty() ? "?" : ",?";
+    }
+    sql += ") VALUES (" + marks + ")";
+  }
+  if (identityIsRowId || storeClass.identity.empty()) return sql;
+  sql += " RETURNING ";
+  for (std::size_t i = 0; i < storeClass.identity.size(); ++i) {
+    StoreColumn const& column = storeClass.columns[static_cast<std::size_t>(storeClass.identity[i])];
+    sql += (i == 0 ? "" : ",") + QuotedName(column.sqlName);
+  }
+  return sql;
+}
+
+using InsertBase = ClassCommand<FdoIInsert>;
+
+// The inserts through one command share a transaction, which ends with the command at the latest; the
+// statement stays prepared for the next row as long as the same properties are given.
+class Insert : public InsertBase {
+ public:
+  using InsertBase::InsertBase;
+
+  FdoPropertyValueCollection* GetPropertyValues() override { return FDO_SAFE_ADDREF(values_.p); }
+  FdoBatchParameterValueCollection* GetBatchParameterValues() override { return FDO_SAFE_ADDREF(batch_.p); }
+
+  // Errors: FdoCommandException*; nothing of this feature is written, and those before it stay.
+  FdoIFeatureReader* Execute() override {
+    if (batch_->GetCount() > 0) Refuse(L"The SQLite provider inserts one feature at a time.");
+    Database& database = OpenedDatabase();
+    bool const beginsBatch = !database.InTransaction();
+    connection_->JoinWrites(this);
+    try {
+      return Add(database);
+    } catch (FdoException*) {
+      // A batch of nothing would keep the file locked.
+      if (beginsBatch) connection_->LeaveWrites(this);
+      throw;
+    }
+  }
+
+ protected:
+  void Dispose() override {
+    plan_ = nullptr;
+    connection_->LeaveWrites(this);
+    delete this;
+  }
+
+ private:
+  FdoIFeatureReader* Add(Database& database) {
+    InsertPlan& plan = CurrentPlan(database);
+    plan.given.Bind(plan.statement, *values_, parameters_);
+    ResultCursor::KeptRow identity;
+    bool const hasRow = plan.statement.Step();
+    for (int i = 0; hasRow && i < plan.identity->columns->Count(); ++i) {
+      identity.emplace_back(sqlite3_value_dup(sqlite3_column_value(plan.statement.Handle(), i)));
+    }
+    if (hasRow) plan.statement.Step();
+    plan.statement.Reset();
+    std::int64_t const rowId = sqlite3_last_insert_rowid(database.Handle());
+    ResultCursor cursor(std::move(identity), rowId, plan.identity->columns);
+    FdoPtr<FdoIFeatureReader> reader = MakeFeatureReader(connection_, std::move(cursor), plan.identity);
+    if (WasPreparedAnew(plan.statement)) plan_ = nullptr;
+    return reader.Detach();
+  }
+
+  // Within a transaction nobody else changes the table, so that the last plan mostly holds.
+  InsertPlan& CurrentPlan(Database& database) {
+    std::uint32_t const version = DataVersion(database);
+    bool const holds = plan_ != nullptr && plan_->dataVersion == version && IsPlannedClass() &&
+                       plan_->statement.Handle() != nullptr && plan_->given.Matches(*values_);
+    if (!holds) plan_ = MakePlan(database, version);
+    return *plan_;
+  }
+
+  bool IsPlannedClass() const { return className_ != nullptr && plannedName_ == className_->GetText(); }
+
+  std::unique_ptr<InsertPlan> MakePlan(Database& database, std::uint32_t version) {
+    StoreClassPtr const storeClass = Schema().Class(className_);
+    if (storeClass->readOnly) {
+      Refuse(L"Nothing can be inserted into \"" + storeClass->name + L"\": it is a view.");
+    }
+    GivenValues given(storeClass, *values_);
+    std::vector<int> const& key = storeClass->identity;
+    for (int const place : key) {
+      StoreColumn const& column = storeClass->columns[static_cast<std::size_t>(place)];
+      bool const isMissing = std::count(given.Columns().begin(), given.Columns().end(), &column) == 0;
+      if (isMissing && !column.isRowId && column.defaultText.empty()) {
+        Refuse(L"The identity \"" + column.name + L"\" has no value, and the store makes none.");
+      }
+    }
+    bool const isRowId = key.size() == 1 && storeClass->columns[static_cast<std::size_t>(key[0])].isRowId;
+    Statement statement =
+        database.Prepare(InsertText(*storeClass, given.Columns(), isRowId), L"insert a feature into");
+    plannedName_ = className_->GetText();
+    return std::make_unique<InsertPlan>(InsertPlan{storeClass, std::move(given), std::move(statement),
+                                                   ShapeOf(storeClass, key), isRowId, version});
+  }
+
+  FdoPtr<FdoPropertyValueCollection> values_ = FdoPropertyValueCollection::Create();
+  FdoPtr<FdoBatchParameterValueCollection> batch_ = FdoBatchParameterValueCollection::Create();
+  std::unique_ptr<InsertPlan> plan_;
+  std::wstring plannedName_;
+};
+
+}  // namespace
+
+FdoICommand* MakeInsert(Connection* connection) { return new Insert(connection); }
+
+}  // namespace fdo_sqlite

@@ -1,0 +1,166 @@
+#include "sdk/providers/sqlite/result_cursor.h"
+
+#include <cwchar>
+
+#include "sdk/providers/sqlite/column_types.h"
+#include "sdk/providers/sqlite/data_version.h"
+#include "sdk/providers/sqlite/sql_fragment.h"
+
+namespace fdo_sqlite {
+namespace {
+
+wchar_t const* NameOf(int type) {
+  return type == kGeometryColumn ? L"geometry" : TypeName(static_cast<FdoDataType>(type));
+}
+
+}  // namespace
+
+ResultCursor::ResultCursor(Statement statement, ResultColumnsPtr columns, CursorSparesPtr spares)
+    : columns_(std::move(columns)), spares_(std::move(spares)), statement_(std::move(statement)) {
+  if (spares_ != nullptr) buffers_ = std::move(spares_->buffers);
+  bool const hasRow = statement_.Step();
+  preparedAnew_ = fdo_sqlite::WasPreparedAnew(statement_);
+  // Without a row nothing is to keep the file locked for reading.
+  if (!hasRow) End();
+  place_ = hasRow ? Place::kBeforeRow : Place::kBeforeEnd;
+}
+
+bool ResultCursor::MoveFirst() {
+  if (place_ == Place::kClosed) RefusePlace();
+  ++buffers_.row;
+  if (place_ != Place::kBeforeRow) return End();
+  place_ = Place::kOnRow;
+  return true;
+}
+
+bool ResultCursor::End() noexcept {
+  place_ = Place::kAfterEnd;
+  if (statement_.IsPrepared() && spares_ != nullptr) {
+    statement_.Reset();
+    spares_->statement = std::move(statement_);
+    spares_->buffers = std::move(buffers_);
+  }
+  statement_ = Statement();
+  return false;
+}
+
+void ResultCursor::Close() noexcept {
+  End();
+  place_ = Place::kClosed;
+}
+
+FdoInt32 ResultCursor::IndexOf(FdoString* name) {
+  if (name == nullptr) fdo_sqlite::Refuse(L"The name of a property is missing.");
+  for (FdoInt32 const likely : {lastIndex_ + 1, lastIndex_}) {
+    if (likely >= 0 && likely < columns_->Count() &&
+        std::wcscmp(columns_->At(likely).name.c_str(), name) == 0) {
+      return lastIndex_ = likely;
+    }
+  }
+  int const found = columns_->Find(name);
+  if (found < 0) fdo_sqlite::Refuse(L"There is no property \"" + std::wstring(name) + L"\" in the reader.");
+  return lastIndex_ = found;
+}
+
+bool ResultCursor::IsNull(FdoInt32 index) {
+  ResultColumn const& column = ColumnAt(index);
+  if (place_ != Place::kOnRow) RefusePlace();
+  if (column.type == kGeometryColumn) return ReadGeometry(index).IsNull();
+  sqlite3_value* const value = Raw(index);
+  return value != nullptr && sqlite3_value_type(value) == SQLITE_NULL;
+}
+
+bool ResultCursor::Boolean(FdoInt32 index) {
+  bool result = false;
+  if (!ReadBoolean(ValueAt(index, FdoDataType_Boolean), result)) RefuseValue(index);
+  return result;
+}
+
+FdoDateTime ResultCursor::DateTime(FdoInt32 index) {
+  FdoDateTime result;
+  if (!ReadDateTime(ValueAt(index, FdoDataType_DateTime), result)) RefuseValue(index);
+  return result;
+}
+
+float ResultCursor::Single(FdoInt32 index) {
+  float result = 0;
+  if (!ReadSingle(ValueAt(index, FdoDataType_Single), result)) RefuseValue(index);
+  return result;
+}
+
+double ResultCursor::Double(FdoInt32 index) {
+  int const type = ColumnAt(index).type;
+  double result = 0;
+  if (!ReadReal(ValueAt(index, type == FdoDataType_Decimal ? FdoDataType_Decimal : FdoDataType_Double),
+                result)) {
+    RefuseValue(index);
+  }
+  return result;
+}
+
+FdoString* ResultCursor::Text(FdoInt32 index) {
+  sqlite3_value* const value = ValueAt(index, FdoDataType_String);
+  char number[kNumberTextSize];
+  std::string_view const text = TextOf(value, number);
+  if (text.data() == nullptr && sqlite3_value_type(value) == SQLITE_NULL) RefuseValue(index);
+  if (buffers_.texts == nullptr)
+    buffers_.texts = std::make_unique<WideBuffer[]>(static_cast<std::size_t>(columns_->Count()));
+  return buffers_.texts[static_cast<std::size_t>(index)].Decode(text);
+}
+
+std::string_view ResultCursor::Bytes(FdoInt32 index) {
+  int const type = ColumnAt(index).type;
+  sqlite3_value* const value = ValueAt(index, type == FdoDataType_CLOB ? FdoDataType_CLOB : FdoDataType_BLOB);
+  if (sqlite3_value_type(value) == SQLITE_NULL) RefuseValue(index);
+  return BytesOf(value);
+}
+
+GeometryBytes ResultCursor::Geometry(FdoInt32 index) {
+  if (ColumnAt(index).type != kGeometryColumn) RefuseType(index);
+  if (place_ != Place::kOnRow) RefusePlace();
+  GeometryBytes const fgf = ReadGeometry(index);
+  if (fgf.IsNull()) fdo_sqlite::Refuse(L"The property \"" + ColumnAt(index).name + L"\" is null.");
+  return fgf;
+}
+
+// Whether it is null and what it is are asked one after the other; it is read once a row.
+GeometryBytes ResultCursor::ReadGeometry(FdoInt32 index) {
+  if (buffers_.geometries == nullptr) {
+    buffers_.geometries = std::make_unique<GeometrySlot[]>(static_cast<std::size_t>(columns_->Count()));
+  }
+  GeometrySlot& slot = buffers_.geometries[static_cast<std::size_t>(index)];
+  if (slot.row == buffers_.row) return slot.fgf;
+  if (!slot.stored) slot.stored.emplace(columns_->At(index).format);
+  slot.fgf = slot.stored->Fgf(Raw(index));
+  slot.row = buffers_.row;
+  return slot.fgf;
+}
+
+void ResultCursor::RefuseIndex(FdoInt32 index) const {
+  fdo_sqlite::Refuse(L"There is no property at position " + std::to_wstring(index) + L" in the reader.");
+}
+
+void ResultCursor::RefuseType(FdoInt32 index) const {
+  ResultColumn const& column = ColumnAt(index);
+  fdo_sqlite::Refuse(L"The property \"" + column.name + L"\" is of another type: " + NameOf(column.type) +
+                     L".");
+}
+
+void ResultCursor::RefusePlace() const {
+  fdo_sqlite::Refuse(place_ == Place::kClosed ? L"The reader is closed." : L"The reader stands on no row.");
+}
+
+void ResultCursor::RefuseValue(FdoInt32 index) const {
+  ResultColumn const& column = ColumnAt(index);
+  sqlite3_value* const value = Raw(index);
+  if (sqlite3_value_type(value) == SQLITE_NULL)
+    fdo_sqlite::Refuse(L"The property \"" + column.name + L"\" is null.");
+  char number[kNumberTextSize];
+  std::string_view const text = TextOf(value, number).substr(0, 100);
+  WideBuffer shown;
+  fdo_sqlite::Refuse(L"The value \"" + std::wstring(shown.Decode(text)) +
+                     L"\" that is stored for the property \"" + column.name + L"\" does not fit its type, " +
+                     NameOf(column.type) + L".");
+}
+
+}  // namespace fdo_sqlite

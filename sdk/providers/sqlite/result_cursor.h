@@ -1,0 +1,160 @@
+// Moves over the rows of a query and gives their values as the interface has them. The readers are thin
+// skins over it.
+#ifndef SDK_PROVIDERS_SQLITE_RESULT_CURSOR_H_
+#define SDK_PROVIDERS_SQLITE_RESULT_CURSOR_H_
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "Fdo.h"
+#include "sdk/providers/sqlite/result_columns.h"
+#include "sdk/providers/sqlite/statement.h"
+#include "sdk/providers/sqlite/stored_geometry.h"
+#include "sdk/providers/sqlite/value_reading.h"
+#include "sdk/providers/sqlite/wide_buffer.h"
+
+namespace fdo_sqlite {
+
+// What was made of the geometry of a column in one row.
+struct GeometrySlot {
+  std::uint64_t row = 0;
+  GeometryBytes fgf;
+  std::optional<StoredGeometry> stored;
+};
+
+// What values are converted into, by column; made when the first value needs it.
+struct CursorBuffers {
+  std::unique_ptr<WideBuffer[]> texts;
+  std::unique_ptr<GeometrySlot[]> geometries;
+  std::uint64_t row = 0;  // counts the rows that have used them
+};
+
+// What a cursor leaves for the next one of the same query, so that a query that is made over and over, such
+// as the look-up of one feature, neither prepares nor allocates again.
+struct CursorSpares {
+  Statement statement;  // reset; what is bound is still bound
+  CursorBuffers buffers;
+};
+
+typedef std::shared_ptr<CursorSpares> CursorSparesPtr;
+
+// Moving allocates nothing and converts nothing; a value is converted when it is asked for.
+//
+// The rows are those of the moment at which the query began: SQLite holds a read transaction on the file from
+// then to the last row or Close, and other connections' changes are not seen. Changes by the same connection
+// are: a row that is changed or removed before the cursor has come to it shows so, or is missing, and a row
+// that is added may come or not.
+// Errors: FdoCommandException* for a property that there is not, for a null, for another type than the
+//   property's, for a stored value that the type cannot hold, and while there is no row.
+class ResultCursor {
+ public:
+  // Steps to the first row, without standing on it yet. The columns are those of the statement, in order.
+  // spares may be null. Errors: as the statement's.
+  ResultCursor(Statement statement, ResultColumnsPtr columns, CursorSparesPtr spares);
+
+  // One row that is at hand already: the identity of a feature that was just inserted. Either each column has
+  // its value, or all have generatedId.
+  struct FreeValue {
+    void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
+  };
+  typedef std::vector<std::unique_ptr<sqlite3_value, FreeValue>> KeptRow;
+  ResultCursor(KeptRow row, std::int64_t generatedId, ResultColumnsPtr columns)
+      : columns_(std::move(columns)),
+        keptRow_(std::move(row)),
+        generatedId_(generatedId),
+        place_(Place::kBeforeRow) {}
+
+  // Errors: also those of the statement; the cursor is then behind the last row.
+  bool MoveNext() {
+    if (place_ != Place::kOnRow || !statement_.IsPrepared()) return MoveFirst();
+    ++buffers_.row;
+    place_ = Place::kAfterEnd;
+    if (!statement_.Step()) return End();
+    place_ = Place::kOnRow;
+    return true;
+  }
+
+  ~ResultCursor() { End(); }
+  ResultCursor(ResultCursor&&) = default;
+  ResultCursor& operator=(ResultCursor&&) = delete;
+
+  // Whether the tables have changed since the statement was prepared.
+  bool WasPreparedAnew() const { return preparedAnew_; }
+
+  // Gives the statement back, so that its read transaction ends.
+  void Close() noexcept;
+
+  ResultColumns const& Columns() const { return *columns_; }
+  ResultColumn const& ColumnAt(FdoInt32 index) const {
+    if (index < 0 || index >= columns_->Count()) RefuseIndex(index);
+    return columns_->At(index);
+  }
+
+  // Programs read in the order of the columns, or one column over and over.
+  FdoInt32 IndexOf(FdoString* name);
+
+  bool IsNull(FdoInt32 index);
+  bool Boolean(FdoInt32 index);
+  FdoDateTime DateTime(FdoInt32 index);
+  float Single(FdoInt32 index);
+  // Decimal and Double: there is no getter for Decimal.
+  double Double(FdoInt32 index);
+
+  template <class Integer>
+  Integer IntegerAt(FdoInt32 index, FdoDataType type) {
+    sqlite3_value* const value = ValueAt(index, type);
+    Integer result = 0;
+    if (value == nullptr) return static_cast<Integer>(generatedId_);
+    if (!ReadIntegerAs(value, result)) RefuseValue(index);
+    return result;
+  }
+
+  // Borrowed: until the cursor moves or closes.
+  FdoString* Text(FdoInt32 index);
+  // BLOB and CLOB. Borrowed: until the cursor moves or closes.
+  std::string_view Bytes(FdoInt32 index);
+  // FGF. Borrowed: until the cursor moves or closes. Errors: also for a geometry that cannot be read.
+  GeometryBytes Geometry(FdoInt32 index);
+
+ private:
+  enum class Place { kBeforeRow, kBeforeEnd, kOnRow, kAfterEnd, kClosed };
+
+  bool MoveFirst();
+  bool End() noexcept;
+
+  // Requires: the cursor stands on a row. Null where the value is the generated id.
+  sqlite3_value* Raw(FdoInt32 index) const {
+    if (statement_.IsPrepared()) return sqlite3_column_value(statement_.Handle(), index);
+    return keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
+  }
+
+  sqlite3_value* ValueAt(FdoInt32 index, int type) const {
+    if (ColumnAt(index).type != type) RefuseType(index);
+    if (place_ != Place::kOnRow) RefusePlace();
+    return Raw(index);
+  }
+
+  GeometryBytes ReadGeometry(FdoInt32 index);
+
+  [[noreturn]] void RefuseIndex(FdoInt32 index) const;
+  [[noreturn]] void RefuseType(FdoInt32 index) const;
+  [[noreturn]] void RefusePlace() const;
+  // For a value that could not be read: because it is null, or because it does not fit.
+  [[noreturn]] void RefuseValue(FdoInt32 index) const;
+
+  ResultColumnsPtr columns_;
+  CursorSparesPtr spares_;
+  Statement statement_;  // not prepared for a kept row, and after the end
+  KeptRow keptRow_;
+  std::int64_t generatedId_ = 0;
+  Place place_;
+  bool preparedAnew_ = false;
+  FdoInt32 lastIndex_ = -1;
+  CursorBuffers buffers_;
+};
+
+}  // namespace fdo_sqlite
+
+#endif  // SDK_PROVIDERS_SQLITE_RESULT_CURSOR_H_

@@ -1,0 +1,244 @@
+// The commands that read features.
+#include <cwchar>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "sdk/providers/sqlite/command_base.h"
+#include "sdk/providers/sqlite/commands.h"
+#include "sdk/providers/sqlite/data_version.h"
+#include "sdk/providers/sqlite/feature_reader.h"
+#include "sdk/providers/sqlite/query_source.h"
+#include "sdk/providers/sqlite/selected_properties.h"
+#include "sdk/providers/sqlite/sql_names.h"
+
+namespace fdo_sqlite {
+namespace {
+
+// Which features a select asks for, of those that need no translation.
+enum class Wanted { kAll, kById, kOther };
+
+// A select that is made over and over, with another identity each time: the look-up of a feature by its id,
+// and all features of a class. The filter is looked at, but neither it nor the class is looked up again.
+struct RepeatedSelect {
+  Wanted wanted;
+  std::wstring className;
+  std::vector<std::wstring> names;  // of the properties as they were asked for
+  std::wstring idName;
+  std::string sql;
+  FeatureShapePtr shape;
+  CursorSparesPtr spares;
+  std::uint32_t dataVersion;  // when the class was last known to be as it was
+};
+
+// The number that an integer literal is. Errors: false, also for null.
+bool IntegerOf(FdoExpression& expression, std::int64_t& number) {
+  if (expression.GetExpressionType() != FdoExpressionItemType_DataValue) return false;
+  auto& value = static_cast<FdoDataValue&>(expression);
+  if (value.IsNull()) return false;
+  switch (value.GetDataType()) {
+    case FdoDataType_Int16:
+      number = static_cast<FdoInt16Value&>(value).GetInt16();
+      return true;
+    case FdoDataType_Int32:
+      number = static_cast<FdoInt32Value&>(value).GetInt32();
+      return true;
+    case FdoDataType_Int64:
+      number = static_cast<FdoInt64Value&>(value).GetInt64();
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Both selects; they differ in what the ordering options are and in the readers.
+template <class Interface>
+class SelectOf : public SelectCommand<Interface> {
+ public:
+  using Base = SelectCommand<Interface>;
+  using Base::Base;
+
+  FdoLockType GetLockType() override { return FdoLockType_None; }
+  void SetLockType(FdoLockType) override { RefuseLocks(); }
+  FdoLockStrategy GetLockStrategy() override { return FdoLockStrategy_All; }
+  void SetLockStrategy(FdoLockStrategy) override { RefuseLocks(); }
+  FdoIFeatureReader* ExecuteWithLock() override { RefuseLocks(); }
+  FdoILockConflictReader* GetLockConflicts() override { RefuseLocks(); }
+
+  FdoIFeatureReader* Execute() override {
+    Database& database = this->OpenedDatabase();
+    std::int64_t id = 0;
+    FdoPtr<FdoIdentifier> idName;
+    Wanted const wanted = Asked(id, idName);
+    if (wanted == Wanted::kOther) return ExecuteOnce(database);
+    if (!Repeats(wanted, idName) && !Learn(wanted, idName)) return ExecuteOnce(database);
+    FdoIFeatureReader* reader = ExecuteAgain(database, id);
+    if (reader != nullptr) return reader;
+    // The class has changed in the meantime.
+    repeated_ = nullptr;
+    if (Learn(wanted, idName)) reader = ExecuteAgain(database, id);
+    return reader != nullptr ? reader : ExecuteOnce(database);
+  }
+
+ private:
+  [[noreturn]] static void RefuseLocks() { Refuse(L"The SQLite provider has no locks."); }
+
+  // id and its name are set for kById.
+  Wanted Asked(std::int64_t& id, FdoPtr<FdoIdentifier>& idName) {
+    if (this->className_ == nullptr || this->ordering_->GetCount() > 0) return Wanted::kOther;
+    if (this->filter_ == nullptr) return Wanted::kAll;
+    auto* comparison = dynamic_cast<FdoComparisonCondition*>(this->filter_.p);
+    if (comparison == nullptr || comparison->GetOperation() != FdoComparisonOperations_EqualTo) {
+      return Wanted::kOther;
+    }
+    FdoPtr<FdoExpression> left = comparison->GetLeftExpression();
+    FdoPtr<FdoExpression> right = comparison->GetRightExpression();
+    bool const isId = left != nullptr && right != nullptr &&
+                      left->GetExpressionType() == FdoExpressionItemType_Identifier && IntegerOf(*right, id);
+    if (!isId) return Wanted::kOther;
+    idName = FDO_SAFE_ADDREF(static_cast<FdoIdentifier*>(left.p));
+    return Wanted::kById;
+  }
+
+  // Whether the command is still the one that was learned.
+  bool Repeats(Wanted wanted, FdoIdentifier* idName) {
+    if (repeated_ == nullptr || repeated_->wanted != wanted) return false;
+    if (repeated_->className != this->className_->GetText()) return false;
+    if (idName != nullptr && repeated_->idName != idName->GetText()) return false;
+    if (static_cast<std::size_t>(this->properties_->GetCount()) != repeated_->names.size()) return false;
+    for (std::size_t i = 0; i < repeated_->names.size(); ++i) {
+      FdoPtr<FdoIdentifier> name = this->properties_->GetItem(static_cast<FdoInt32>(i));
+      if (name->GetExpressionType() != FdoExpressionItemType_Identifier ||
+          std::wcscmp(name->GetText(), repeated_->names[i].c_str()) != 0) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  // Errors: false for what is not repeated after all; FdoCommandException* for what there is not.
+  bool Learn(Wanted wanted, FdoIdentifier* idName) {
+    StoreClassPtr const storeClass = this->Schema().Class(this->className_);
+    SqlScope const scope{*storeClass, this->parameters_};
+    auto learned = std::make_unique<RepeatedSelect>();
+    learned->wanted = wanted;
+    learned->className = this->className_->GetText();
+    learned->dataVersion = DataVersion(this->OpenedDatabase());
+    std::vector<int> places;
+    for (FdoInt32 i = 0; i < this->properties_->GetCount(); ++i) {
+      FdoPtr<FdoIdentifier> name = this->properties_->GetItem(i);
+      if (name->GetExpressionType() != FdoExpressionItemType_Identifier) return false;
+      learned->names.push_back(name->GetText());
+      places.push_back(PlaceNamed(*name, scope));
+    }
+    if (places.empty()) places = AllPlaces(*storeClass);
+    if (places.empty()) return false;
+    for (int const place : places) {
+      learned->sql += (learned->sql.empty() ? "SELECT " : ",") +
+                      SqlNameOf(storeClass->columns[static_cast<std::size_t>(place)], scope);
+    }
+    learned->sql += " FROM " + QuotedName(storeClass->tableName);
+    if (wanted == Wanted::kById) {
+      StoreColumn const& column = ColumnNamed(*idName, scope);
+      if (!column.isRowId) return false;
+      learned->idName = idName->GetText();
+      learned->sql += " WHERE " + SqlNameOf(column, scope) + "=?";
+    }
+    learned->shape = ShapeOf(storeClass, std::move(places));
+    learned->spares = std::make_shared<CursorSpares>();
+    repeated_ = std::move(learned);
+    return true;
+  }
+
+  // Gives: null when the class is no longer what it was.
+  FdoIFeatureReader* ExecuteAgain(Database& database, std::int64_t id) {
+    RepeatedSelect& repeated = *repeated_;
+    Statement statement = std::move(repeated.spares->statement);
+    if (statement.Handle() == nullptr) statement = database.Prepare(repeated.sql);
+    if (repeated.wanted == Wanted::kById) statement.Bind(1, id);
+    std::optional<ResultCursor> cursor;
+    try {
+      cursor.emplace(std::move(statement), repeated.shape->columns, repeated.spares);
+    } catch (FdoException* raised) {
+      FdoPtr<FdoException> failure(raised);
+      // What failed may have been a column that is gone.
+      if (this->Schema().Class(this->className_) != repeated.shape->storeClass) return nullptr;
+      throw failure.Detach();
+    }
+    if (cursor->WasPreparedAnew()) return nullptr;
+    // The cursor has begun a transaction, which makes the number as fresh as the rows.
+    std::uint32_t const version = DataVersion(database);
+    if (version != repeated.dataVersion) {
+      if (this->Schema().Class(this->className_) != repeated.shape->storeClass) return nullptr;
+      repeated.dataVersion = version;
+    }
+    return MakeFeatureReader(this->connection_, std::move(*cursor), repeated.shape);
+  }
+
+  FdoOrderingOption OptionOf(FdoString* name) const {
+    auto const option = this->options_.find(name);
+    return option == this->options_.end() ? this->option_ : option->second;
+  }
+
+  // Everything else: translated each time. The statement's text mostly was there before, and is then
+  // prepared.
+  FdoIFeatureReader* ExecuteOnce(Database& database) {
+    while (true) {
+      StoreClassPtr const storeClass = this->Schema().Class(this->className_);
+      std::uint32_t const version = DataVersion(database);
+      SqlScope const scope{*storeClass, this->parameters_};
+      SelectedProperties const selected(storeClass, *this->properties_, scope);
+      SqlFragment sql("SELECT ");
+      sql.Add(Joined(selected.Items()), 0);
+      sql.Add(SourceOf(this->filter_, scope), 0);
+      sql.Add(selected.OrderBy(*this->ordering_, [this](FdoString* name) { return this->OptionOf(name); }),
+              0);
+      FeatureShapePtr const shape = selected.Shape();
+      ResultCursor cursor(PrepareBound(database, sql, L"read"), shape->columns, nullptr);
+      bool const isAsItWas = !cursor.WasPreparedAnew() && DataVersion(database) == version;
+      if (isAsItWas || this->Schema().Class(this->className_) == storeClass) {
+        return MakeFeatureReader(this->connection_, std::move(cursor), shape);
+      }
+    }
+  }
+
+  std::unique_ptr<RepeatedSelect> repeated_;
+};
+
+class Select : public SelectOf<FdoISelect> {
+ public:
+  using Base = SelectOf<FdoISelect>;
+  using Base::Base;
+
+  void SetOrderingOption(FdoOrderingOption option) override { option_ = option; }
+  FdoOrderingOption GetOrderingOption() override { return option_; }
+};
+
+class ExtendedSelect : public SelectOf<FdoIExtendedSelect> {
+ public:
+  using Base = SelectOf<FdoIExtendedSelect>;
+  using Base::Base;
+
+  void SetOrderingOption(FdoOrderingOption option) override { option_ = option; }
+  FdoOrderingOption GetOrderingOption() override { return option_; }
+  void SetOrderingOption(FdoString* propertyName, FdoOrderingOption option) override {
+    options_[propertyName == nullptr ? L"" : propertyName] = option;
+  }
+  FdoOrderingOption GetOrderingOption(FdoString* propertyName) override {
+    auto const option = options_.find(propertyName == nullptr ? L"" : propertyName);
+    return option == options_.end() ? option_ : option->second;
+  }
+  void ClearOrderingOptions() override { options_.clear(); }
+  FdoIScrollableFeatureReader* ExecuteScrollable() override {
+    Refuse(L"The SQLite provider has no readers that scroll.");
+  }
+};
+
+}  // namespace
+
+FdoICommand* MakeSelect(Connection* connection) { return new Select(connection); }
+
+FdoICommand* MakeExtendedSelect(Connection* connection) { return new ExtendedSelect(connection); }
+
+}  // namespace fdo_sqlite

@@ -1,0 +1,187 @@
+#include "sdk/providers/sqlite/value_binder.h"
+
+#include <cmath>
+#include <cwchar>
+
+#include "sdk/providers/sqlite/date_text.h"
+#include "sdk/providers/sqlite/sql_fragment.h"
+#include "sdk/runtime/core/utf8.h"
+
+namespace fdo_sqlite {
+namespace {
+
+[[noreturn]] void RefuseValue(StoreColumn const& column, std::wstring const& why) {
+  Refuse(L"The property \"" + column.name + L"\" cannot hold the value: " + why + L".");
+}
+
+std::string_view ViewOf(FdoByteArray* array) {
+  return std::string_view(reinterpret_cast<char const*>(array->GetData()),
+                          static_cast<std::size_t>(array->GetCount()));
+}
+
+bool IsText(std::string_view bytes) {
+  if (bytes.find('\0') != std::string_view::npos) return false;
+  bool malformed = false;
+  fdo_sdk::WideFromUtf8(bytes, &malformed);
+  return !malformed;
+}
+
+double RequireNumber(StoreColumn const& column, double value) {
+  if (std::isnan(value)) RefuseValue(column, L"it is not a number, which the file has no value for");
+  return value;
+}
+
+// SQLite makes a number for a null rowid, and takes a null for other keys as if it were a value.
+void BindNull(Statement& statement, int parameter, StoreColumn const& column) {
+  if (column.keyPosition >= 0 && !column.isRowId) RefuseValue(column, L"an identity is never null");
+  statement.BindNull(parameter);
+}
+
+}  // namespace
+
+ValueBinder::ValueBinder(std::vector<StoreColumn const*> columns) {
+  for (StoreColumn const* column : columns) slots_.push_back(std::make_unique<Slot>(*column));
+}
+
+void ValueBinder::Bind(Statement& statement, std::size_t place, FdoLiteralValue* value) {
+  Slot& slot = *slots_[place];
+  int const parameter = static_cast<int>(place) + 1;
+  bool const isGeometric = slot.column.kind == StoreColumn::Kind::kGeometry;
+  if (value == nullptr) {
+    BindNull(statement, parameter, slot.column);
+  } else if (value->GetLiteralValueType() == FdoLiteralValueType_Geometry) {
+    auto& geometry = static_cast<FdoGeometryValue&>(*value);
+    slot.array = geometry.IsNull() ? nullptr : geometry.GetGeometry();
+    if (slot.array == nullptr) {
+      BindNull(statement, parameter, slot.column);
+    } else {
+      if (!isGeometric) RefuseValue(slot.column, L"it is a geometry");
+      BindGeometry(statement, parameter, slot, *slot.array);
+    }
+  } else {
+    auto* data = static_cast<FdoDataValue*>(value);
+    if (data->IsNull()) {
+      BindNull(statement, parameter, slot.column);
+      return;
+    }
+    if (isGeometric) RefuseValue(slot.column, L"it is no geometry");
+    if (data->GetDataType() != slot.column.type) {
+      try {
+        slot.converted = FdoDataValue::Create(slot.column.type, data, false, false, false);
+      } catch (FdoException* failure) {
+        FdoPtr<FdoException> released(failure);
+        RefuseValue(slot.column, std::wstring(L"it is of another type, ") + data->ToString());
+      }
+      data = static_cast<FdoDataValue*>(slot.converted.p);
+    }
+    BindData(statement, parameter, slot, *data);
+  }
+}
+
+void ValueBinder::BindData(Statement& statement, int parameter, Slot& slot, FdoDataValue& value) {
+  switch (value.GetDataType()) {
+    case FdoDataType_Boolean:
+      statement.Bind(parameter, std::int64_t{static_cast<FdoBooleanValue&>(value).GetBoolean()});
+      break;
+    case FdoDataType_Byte:
+      statement.Bind(parameter, std::int64_t{static_cast<FdoByteValue&>(value).GetByte()});
+      break;
+    case FdoDataType_Int16:
+      statement.Bind(parameter, std::int64_t{static_cast<FdoInt16Value&>(value).GetInt16()});
+      break;
+    case FdoDataType_Int32:
+      statement.Bind(parameter, std::int64_t{static_cast<FdoInt32Value&>(value).GetInt32()});
+      break;
+    case FdoDataType_Int64:
+      statement.Bind(parameter, std::int64_t{static_cast<FdoInt64Value&>(value).GetInt64()});
+      break;
+    case FdoDataType_Single:
+      statement.Bind(parameter,
+                     RequireNumber(slot.column, double{static_cast<FdoSingleValue&>(value).GetSingle()}));
+      break;
+    case FdoDataType_Double:
+      statement.Bind(parameter, RequireNumber(slot.column, static_cast<FdoDoubleValue&>(value).GetDouble()));
+      break;
+    case FdoDataType_Decimal:
+      statement.Bind(parameter,
+                     RequireNumber(slot.column, static_cast<FdoDecimalValue&>(value).GetDecimal()));
+      break;
+    case FdoDataType_DateTime: {
+      char text[kDateTextSize];
+      int const length = FormatDateText(static_cast<FdoDateTimeValue&>(value).GetDateTime(), text);
+      if (length == 0) RefuseValue(slot.column, L"it is no date or time of the calendar");
+      slot.bytes.assign(text, static_cast<std::size_t>(length));
+      statement.BindText(parameter, std::string_view(slot.bytes));
+      break;
+    }
+    case FdoDataType_String: {
+      FdoString* const text = static_cast<FdoStringValue&>(value).GetString();
+      bool malformed = false;
+      slot.bytes.clear();
+      fdo_sdk::AppendUtf8(slot.bytes, std::wstring_view(text, std::wcslen(text)), &malformed);
+      if (malformed) RefuseValue(slot.column, L"a unit in it is no character");
+      statement.BindText(parameter, std::string_view(slot.bytes));
+      break;
+    }
+    case FdoDataType_BLOB:
+    case FdoDataType_CLOB: {
+      slot.array = static_cast<FdoLOBValue&>(value).GetData();
+      if (slot.array == nullptr) {
+        statement.BindNull(parameter);
+        break;
+      }
+      std::string_view const bytes = ViewOf(slot.array);
+      if (value.GetDataType() == FdoDataType_CLOB && IsText(bytes)) {
+        statement.BindText(parameter, bytes);
+      } else {
+        statement.BindBlob(parameter, bytes.data(), bytes.size());
+      }
+      break;
+    }
+  }
+}
+
+void ValueBinder::BindGeometry(Statement& statement, int parameter, Slot& slot, FdoByteArray& fgf) {
+  if (slot.column.format == GeometryFormat::kUnsupported) {
+    RefuseValue(slot.column, L"the format in which its geometries are stored is not known here");
+  }
+  if (fgf.GetCount() == 0) {
+    statement.BindNull(parameter);
+    return;
+  }
+  GeometryBytes stored;
+  try {
+    stored = slot.geometry.Store(fgf.GetData(), static_cast<std::size_t>(fgf.GetCount()));
+  } catch (FdoException* failure) {
+    FdoPtr<FdoException> cause(failure);
+    std::wstring const message =
+        L"The property \"" + slot.column.name + L"\" cannot hold the geometry: " +
+        (failure->GetExceptionMessage() == nullptr ? L"" : failure->GetExceptionMessage());
+    throw FdoCommandException::Create(message.c_str(), cause.p);
+  }
+  if (slot.geometry.IsText()) {
+    statement.BindText(parameter, std::string_view(reinterpret_cast<char const*>(stored.data), stored.size));
+  } else {
+    statement.BindBlob(parameter, stored.data, stored.size);
+  }
+}
+
+FdoLiteralValue* LiteralOf(FdoValueExpression* value, FdoParameterValueCollection* parameters) {
+  if (value == nullptr) return nullptr;
+  switch (value->GetExpressionType()) {
+    case FdoExpressionItemType_DataValue:
+    case FdoExpressionItemType_GeometryValue:
+      return static_cast<FdoLiteralValue*>(FDO_SAFE_ADDREF(value));
+    case FdoExpressionItemType_Parameter: {
+      FdoString* const name = static_cast<FdoParameter*>(value)->GetName();
+      FdoPtr<FdoParameterValue> given = parameters->FindItem(name);
+      if (given == nullptr) Refuse(L"The parameter \"" + std::wstring(name) + L"\" has no value.");
+      return given->GetValue();
+    }
+    default:
+      Refuse(std::wstring(L"The value of a property must be a literal or a parameter, not ") +
+             value->ToString() + L".");
+  }
+}
+
+}  // namespace fdo_sqlite
