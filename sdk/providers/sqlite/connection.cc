@@ -88,6 +88,12 @@ FdoConnectionState Connection::Open() {
   database_.Open(settings_.Value(kFile), busyMilliseconds_);
   schema_ = std::make_unique<StoreSchema>(database_, UsesFdoMetadata(settings_));
   batch_ = std::make_unique<WriteBatch>(database_);
+  try {
+    indexes_ = std::make_unique<SpatialIndexes>(database_);
+  } catch (FdoException*) {
+    CloseStore();
+    throw;
+  }
   return GetConnectionState();
 }
 
@@ -99,6 +105,7 @@ void Connection::Close() {
     CloseStore();
     throw;
   }
+  indexes_->Settle();
   CloseStore();
 }
 
@@ -108,6 +115,7 @@ void Connection::CloseStore() noexcept {
   batch_ = nullptr;
   schema_ = nullptr;
   database_.Close();
+  indexes_ = nullptr;
 }
 
 FdoITransaction* Connection::BeginTransaction() {
@@ -130,7 +138,10 @@ FdoPhysicalSchemaMapping* Connection::CreateSchemaMapping() {
 
 void Connection::SetConfiguration(FdoIoStream*) { RequireClosed(); }
 
-void Connection::Flush() { SettleWrites(); }
+void Connection::Flush() {
+  SettleWrites();
+  indexes_->Settle();
+}
 
 Database& Connection::OpenedDatabase() {
   if (!database_.IsOpen()) throw FdoCommandException::Create(L"The connection is not open.");
@@ -140,6 +151,11 @@ Database& Connection::OpenedDatabase() {
 StoreSchema& Connection::Schema() {
   OpenedDatabase();
   return *schema_;
+}
+
+SpatialIndexes& Connection::Indexes() {
+  OpenedDatabase();
+  return *indexes_;
 }
 
 void Connection::JoinWrites(void const* owner) {

@@ -8,6 +8,7 @@
 #include "Fdo.h"
 #include "sdk/providers/base/connection_string.h"
 #include "sdk/providers/sqlite/database.h"
+#include "sdk/providers/sqlite/spatial_indexes.h"
 #include "sdk/providers/sqlite/store_schema.h"
 #include "sdk/providers/sqlite/write_batch.h"
 
@@ -51,6 +52,8 @@ class Connection : public FdoIConnection {
   // For the commands. Borrowed: until Close. Errors: FdoCommandException* while the connection is closed.
   Database& OpenedDatabase();
   StoreSchema& Schema();
+  // Whoever writes rows notes it there: Flush and Close then bring the indexes up to date.
+  SpatialIndexes& Indexes();
 
   // To be called before writing, by an insert for each row: the rows that one owner writes share a
   // transaction, until LeaveWrites. Any address is an owner; it is never looked into. Errors:
@@ -85,9 +88,10 @@ class Connection : public FdoIConnection {
   std::wstring connectionString_;
   FdoInt32 busyMilliseconds_;
   Database database_;
-  std::unique_ptr<StoreSchema> schema_;  // null while closed
-  std::unique_ptr<WriteBatch> batch_;    // null while closed
-  Transaction* transaction_ = nullptr;   // the open one; it tells when it ends
+  std::unique_ptr<StoreSchema> schema_;      // null while closed
+  std::unique_ptr<SpatialIndexes> indexes_;  // null while closed
+  std::unique_ptr<WriteBatch> batch_;        // null while closed
+  Transaction* transaction_ = nullptr;       // the open one; it tells when it ends
 };
 
 }  // namespace fdo_sqlite

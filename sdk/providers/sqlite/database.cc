@@ -92,7 +92,10 @@ void Database::Forget(PreparedPtr const& prepared) {
   prepared->database = nullptr;
 }
 
-void Database::SetBusyWait(int milliseconds) { sqlite3_busy_timeout(handle_, milliseconds); }
+void Database::SetBusyWait(int milliseconds) {
+  busyMilliseconds_ = milliseconds;
+  sqlite3_busy_timeout(handle_, milliseconds);
+}
 
 Statement Database::Prepare(std::string const& sql, wchar_t const* doing) {
   auto const kept = idle_.find(sql);

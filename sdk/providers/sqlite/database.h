@@ -42,6 +42,7 @@ class Database {
   sqlite3* Handle() const { return handle_; }
 
   void SetBusyWait(int milliseconds);
+  int BusyWait() const { return busyMilliseconds_; }
 
   // A statement ready to bind, prepared now or kept from earlier use with the same text.
   // Requires: open. doing completes "Cannot ... <file>" in the messages of this statement.
@@ -82,6 +83,7 @@ class Database {
   sqlite3* handle_ = nullptr;
   std::wstring file_;
   bool readOnly_ = false;
+  int busyMilliseconds_ = 0;
   bool begun_ = false;  // a transaction was begun here and neither committed nor rolled back here
   std::multimap<std::string, PreparedPtr> idle_;  // prepared and not in use
   std::vector<PreparedPtr> used_;

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "Fdo.h"
+#include "sdk/providers/sqlite/spatial_index_names.h"
 #include "sdk/providers/sqlite/sql_names.h"
 
 namespace fdo_sqlite {
@@ -29,6 +30,9 @@ bool IsMetadataTable(std::string const& sqlName) {
   std::string const name = UpperAscii(sqlName);
   if (name.compare(0, 7, "SQLITE_") == 0) return true;
   for (char const* table : {kGeometryColumns, kSpatialRefSys, kFdoColumns}) {
+    if (name == UpperAscii(table)) return true;
+  }
+  for (char const* table : kSpatialIndexTables) {
     if (name == UpperAscii(table)) return true;
   }
   return false;
