@@ -1,20 +1,14 @@
 // The commands that make and remove files.
-#include <filesystem>
-
 #include "sdk/providers/base/property_dictionary.h"
 #include "sdk/providers/sqlite/change_scope.h"
 #include "sdk/providers/sqlite/command_base.h"
 #include "sdk/providers/sqlite/commands.h"
 #include "sdk/providers/sqlite/connection_settings.h"
+#include "sdk/providers/sqlite/file_path.h"
 #include "sdk/providers/sqlite/metadata_tables.h"
 
 namespace fdo_sqlite {
 namespace {
-
-std::filesystem::path PathOf(std::wstring const& file) {
-  std::string const utf8 = fdo_sdk::Utf8FromWide(file);
-  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 // Neither needs the connection to be open.
 template <class Interface>
@@ -47,8 +41,7 @@ class CreateDataStore : public DataStoreCommand<FdoICreateDataStore> {
       change.Finish();
     } catch (FdoException*) {
       database.Close();
-      std::error_code ignored;  // the failure that is thrown came first
-      std::filesystem::remove(PathOf(file), ignored);
+      RemoveUnfinished(file);
       throw;
     }
   }

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "port/file.h"
+#include "sdk/providers/sqlite/file_path.h"
 #include "sdk/providers/sqlite/sql_functions.h"
 #include "sdk/runtime/core/utf8.h"
 
@@ -34,7 +35,7 @@ void Database::Open(std::wstring const& file, int busyMilliseconds) {
   std::FILE* probe = fdo::port::OpenFile(fdo_sdk::Utf8FromWide(file), "rb");
   if (probe == nullptr) RefuseFile(file, L"open", L"there is no such file, or it may not be read");
   std::fclose(probe);
-  OpenHandle(SQLITE_OPEN_READWRITE, busyMilliseconds);
+  OpenHandle(busyMilliseconds);
 }
 
 void Database::Create(std::wstring const& file, int busyMilliseconds) {
@@ -48,13 +49,18 @@ void Database::Create(std::wstring const& file, int busyMilliseconds) {
     RefuseFile(file, L"create", L"there is such a file already");
   }
   std::fclose(made);
-  OpenHandle(SQLITE_OPEN_READWRITE, busyMilliseconds);
+  try {
+    OpenHandle(busyMilliseconds);
+  } catch (FdoException*) {
+    RemoveUnfinished(file);
+    throw;
+  }
 }
 
-void Database::OpenHandle(int flags, int busyMilliseconds) {
+void Database::OpenHandle(int busyMilliseconds) {
   std::string const name = fdo_sdk::Utf8FromWide(file_);
-  int code =
-      sqlite3_open_v2(name.c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  int code = sqlite3_open_v2(name.c_str(), &handle_,
+                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   if (code == SQLITE_OK) {
     Configure(handle_);
     SetBusyWait(busyMilliseconds);

@@ -29,7 +29,7 @@ class Database {
   void Open(std::wstring const& file, int busyMilliseconds);
 
   // Makes a new file of no bytes and opens it.
-  // Errors: as Open; a file that exists already is one.
+  // Errors: as Open, without the file; a file that exists already is one, and stays.
   void Create(std::wstring const& file, int busyMilliseconds);
 
   // Rolls back an open transaction and ends every statement; those still held by somebody throw from then on.
@@ -76,7 +76,7 @@ class Database {
   friend class Statement;
   typedef std::shared_ptr<Statement::Prepared> PreparedPtr;
 
-  void OpenHandle(int flags, int busyMilliseconds);
+  void OpenHandle(int busyMilliseconds);
   static void Forget(PreparedPtr const& prepared);
   void TakeBack(PreparedPtr const& prepared);
 

@@ -15,25 +15,24 @@ void WriteBatch::Join(void const* owner) {
 
 void WriteBatch::Settle() {
   if (owner_ == nullptr) return;
-  // Some failures end the transaction; whoever met one has thrown it.
-  if (database_.InTransaction()) database_.Commit();
+  if (database_.InTransaction()) {
+    database_.Commit();
+    untold_ = nullptr;
+  }
   owner_ = nullptr;
+  // Otherwise a failure has undone it. Whoever met that has thrown it, but for an owner that was leaving.
+  if (untold_ != nullptr) throw untold_.Detach();
 }
 
 void WriteBatch::Leave(void const* owner) noexcept {
   if (owner_ != owner) return;
   try {
     Settle();
-  } catch (FdoException* unsettled) {
-    FdoPtr<FdoException> failure(unsettled);
+  } catch (FdoException* raised) {
+    untold_ = raised;
     // The address may become that of another owner, who must not take this batch for its own.
     owner_ = this;
   }
-}
-
-void WriteBatch::Abandon() noexcept {
-  if (owner_ != nullptr) database_.Rollback();
-  owner_ = nullptr;
 }
 
 }  // namespace fdo_sqlite

@@ -8,7 +8,6 @@ namespace fdo_sqlite {
 
 // At most one transaction is open in a database: none, a batch of one owner, or one that a program began. In
 // the latter the owners simply write.
-// A batch that cannot be committed stays open, and the next Settle tries again and says why it cannot.
 class WriteBatch {
  public:
   // Borrowed: the database, which outlives this.
@@ -19,20 +18,19 @@ class WriteBatch {
   void Join(void const* owner);
 
   // Ends the batch, so that it is on disk and other connections see it. Nothing happens without one.
-  // Errors: FdoCommandException*; the batch stays open.
+  // Errors: FdoCommandException*; the batch stays open, unless the failure has undone it. A batch that was
+  // undone when its owner left is one, too.
   void Settle();
 
-  // The owner's end. What cannot be settled now is left to the next Settle.
+  // The owner's end. What cannot be settled now is left to the next Settle: to try again, or to tell.
   void Leave(void const* owner) noexcept;
 
   // Whether a batch is open.
   bool IsOpen() const { return owner_ != nullptr; }
 
-  // Gives up the batch and all that was written in it.
-  void Abandon() noexcept;
-
  private:
   Database& database_;
+  FdoPtr<FdoException> untold_;  // why a batch whose owner has left could not be settled
   void const* owner_ = nullptr;  // of the open batch; never looked into
 };
 
