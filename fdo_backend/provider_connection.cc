@@ -18,19 +18,11 @@ bool Contains(wchar_t const* text, wchar_t const* part) {
 
 // Whether a registered provider was asked for a connection, which may have given none.
 bool ConnectThroughRegistry(wchar_t const* provider, FdoPtr<FdoIConnection>& connection) {
-  FdoPtr<IProviderRegistry> const registry = FdoFeatureAccessManager::GetProviderRegistry();
   FdoPtr<IConnectionManager> const manager = FdoFeatureAccessManager::GetConnectionManager();
-  if (registry == nullptr || manager == nullptr) return false;
-  FdoProviderCollection const* const providers = registry->GetProviders();
-  if (providers == nullptr) return false;
-  int const count = providers->GetCount();
-  for (int i = 0; i < count; ++i) {
-    FdoPtr<FdoProvider> const candidate = providers->GetItem(i);
-    if (!Contains(candidate->GetName(), provider)) continue;
-    connection = manager->CreateConnection(candidate->GetName());
-    return true;
-  }
-  return false;
+  std::wstring const name = RegisteredName(provider);
+  if (manager == nullptr || name.empty()) return false;
+  connection = manager->CreateConnection(name.c_str());
+  return true;
 }
 
 FdoPtr<FdoIConnection> ConnectThroughLibraries(wchar_t const* provider) {
@@ -69,6 +61,17 @@ wchar_t const* ProviderFromFileExtension(wchar_t const* path) {
   }
   ReportError(L"Failed to map file extension to FDO provider");
   return nullptr;
+}
+
+std::wstring RegisteredName(wchar_t const* provider) {
+  FdoPtr<IProviderRegistry> const registry = FdoFeatureAccessManager::GetProviderRegistry();
+  FdoProviderCollection const* const providers = registry == nullptr ? nullptr : registry->GetProviders();
+  int const count = providers == nullptr ? 0 : providers->GetCount();
+  for (int i = 0; i < count; ++i) {
+    FdoPtr<FdoProvider> const candidate = providers->GetItem(i);
+    if (Contains(candidate->GetName(), provider)) return candidate->GetName();
+  }
+  return {};
 }
 
 FdoPtr<FdoIConnection> CreateProviderConnection(wchar_t const* provider) {

@@ -4,12 +4,18 @@
 
 #include <Fdo.h>
 
+#include <string>
+
 namespace fdo::internal {
 
 // The provider that the extension stands for: what follows the last period of the whole path, with it,
 // in any case of letters.
 // Gives: a constant. Errors: null and a diagnostic line for any other extension.
 wchar_t const* ProviderFromFileExtension(wchar_t const* path);
+
+// The first registered name that contains that text; "" when there is none.
+// Errors: throws FdoException* when the registry cannot be read.
+std::wstring RegisteredName(wchar_t const* provider);
 
 // A new, closed connection. The provider is the first registered one whose name contains that text or,
 // without any, the first library of kProviderLibraries whose provider's name contains it and which makes

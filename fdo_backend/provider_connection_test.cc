@@ -1,7 +1,10 @@
 #include "fdo_backend/provider_connection.h"
 
+#include <fdo/providers.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -157,6 +160,37 @@ TEST_F(CreateProviderConnectionTest, WhatEachLibraryLacksIsSaidOnOneLine) {
 TEST_F(CreateProviderConnectionTest, AnExceptionOfTheRegistryIsSwallowedAndTheLibrariesAreTried) {
   EXPECT_EQ(CreateProviderConnection(L"OSGeo.SHP.3.9"), nullptr) << "no row contains the version";
   EXPECT_EQ(diagnostics_.Lines(), Lines{kFallback});
+}
+
+TEST_F(CreateProviderConnectionTest, WhatIsKnownAndWhatIsMissing) {
+  std::vector<KnownProvider> const known = KnownProviders();
+  ASSERT_EQ(known.size(), std::size(kProviderLibraries));
+  for (std::size_t i = 0; i < known.size(); ++i) {
+    EXPECT_EQ(known[i].name, kProviderLibraries[i].provider);
+    diagnostics_.Forget();
+    bool const connects = CreateProviderConnection(known[i].name.c_str()) != nullptr;
+    EXPECT_EQ(known[i].problem.empty(), connects) << known[i].name << L": " << known[i].problem;
+  }
+  auto const of = [&](std::wstring const& name) {
+    return *std::find_if(known.begin(), known.end(),
+                         [&](KnownProvider const& each) { return each.name == name; });
+  };
+  EXPECT_EQ(of(L"OSGeo.SDF").registeredAs, L"OSGeo.SDF.3.9");
+  EXPECT_EQ(of(L"OSGeo.SDF").library, L"SDFProvider");
+  EXPECT_EQ(of(L"OSGeo.SDF").problem, L"");
+  EXPECT_EQ(of(L"OSGeo.SHP").registeredAs, L"OSGeo.SHP.3.9");
+  EXPECT_NE(of(L"OSGeo.SHP").problem.find(L"/there/is/no/provider"), std::wstring::npos)
+      << of(L"OSGeo.SHP").problem;
+  EXPECT_EQ(of(L"OSGeo.ArcSDE").registeredAs, L"");
+  EXPECT_NE(of(L"OSGeo.ArcSDE").problem, L"");
+  EXPECT_EQ(of(L"Vendrix.Oracle").problem, L"it has no entry point CreateConnection");
+  EXPECT_EQ(of(L"Vendrix.SqlServer").problem, L"it makes no connection");
+  EXPECT_EQ(of(L"Vendrix.DesignService").problem, L"");
+}
+
+TEST_F(CreateProviderConnectionTest, AskingWhatIsKnownSaysNothing) {
+  KnownProviders();
+  EXPECT_EQ(diagnostics_.Lines(), Lines());
 }
 
 TEST_F(OpenProviderConnectionTest, StringConfigurationAndOpenInThisOrder) {

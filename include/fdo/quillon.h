@@ -11,6 +11,7 @@
 #include <fdo/diagnostics.h>
 #include <fdo/expr_eval.h>
 #include <fdo/geometry_stream.h>
+#include <fdo/providers.h>
 #include <fdo/row.h>
 #include <fdo/scroller.h>
 #include <fdo/schema.h>

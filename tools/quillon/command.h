@@ -28,11 +28,13 @@ Action DefineInfo(CLI::App& app);
 Action DefineQuery(CLI::App& app);
 Action DefineStats(CLI::App& app);
 Action DefineConvert(CLI::App& app);
+Action DefineProviders(CLI::App& app);
 
 extern char const kInfoDetails[];
 extern char const kQueryDetails[];
 extern char const kStatsDetails[];
 extern char const kConvertDetails[];
+extern char const kProvidersDetails[];
 
 inline constexpr Command kCommands[] = {
     {"info", "Show the tables of a source, their columns, extent and coordinate system", kInfoDetails,
@@ -41,6 +43,8 @@ inline constexpr Command kCommands[] = {
     {"stats", "Print statistics of columns", kStatsDetails, DefineStats},
     {"convert", "Write a table into another file, in any format that GDAL writes", kConvertDetails,
      DefineConvert},
+    {"providers", "Show which FDO providers there are, and what is missing", kProvidersDetails,
+     DefineProviders},
 };
 
 }  // namespace fdo::tool

@@ -38,7 +38,8 @@ char const kConvertDetails[] =
 namespace {
 
 struct ConvertOptions {
-  std::string source, target;
+  SourceOptions source;
+  std::string target;
   Selection selection;
   std::string format;
   bool overwrite = false;
@@ -58,15 +59,14 @@ class Converter {
   Converter(ConvertOptions const& options, Session& session) : options_(options), session_(session) {}
 
   ExitCode Run() {
-    Source source = OpenSource(options_.source);
-    session_.ForgiveDiagnostics();
+    Source source = OpenSource(options_.source, session_);
     Table& table = FindTable(source, options_.selection.table);
     TableDef const& def = *table.Def();
     BoundSelection const selection = Bind(options_.selection, def);
     std::wstring const driver = Driver();
     RefuseSourceAsTarget();
 
-    report_.source = options_.source;
+    report_.source = source.name;
     report_.table = Utf8(def.Name());
     report_.target = options_.target;
     report_.driver = Utf8(driver);
@@ -93,7 +93,7 @@ class Converter {
 
   void RefuseSourceAsTarget() const {
     std::error_code ignored;
-    if (std::filesystem::equivalent(PathOf(options_.source), PathOf(options_.target), ignored))
+    if (std::filesystem::equivalent(PathOf(options_.source.source), PathOf(options_.target), ignored))
       throw TargetIsSource(options_.target);
   }
 
@@ -157,7 +157,7 @@ class Converter {
   ExitCode Report(std::string const& readError) {
     session_.console.ClearProgress();
     for (auto const& note : report_.Notes()) session_.console.Note(note);
-    if (!readError.empty()) session_.console.Error(RowsMissing(options_.source, readError).message);
+    if (!readError.empty()) session_.console.Error(RowsMissing(options_.source.source, readError).message);
     session_.output.Write(options_.json ? report_.Json() : report_.Summary());
     return report_.IsComplete() && readError.empty() ? ExitCode::kDone : ExitCode::kPartlyDone;
   }
@@ -185,7 +185,7 @@ class Converter {
 
 Action DefineConvert(CLI::App& app) {
   auto const options = std::make_shared<ConvertOptions>();
-  app.add_option("SOURCE", options->source, "What to read")->required();
+  options->source.Define(app, "What to read");
   app.add_option("TARGET", options->target, "The file to make")->required();
   options->selection.DefineTable(app);
   options->selection.DefineWhere(app);

@@ -11,7 +11,9 @@ std::wstring CoordinateSystemName(std::wstring const& wkt) {
 
 std::wstring CoordinateSystemName(TableDef const& def) {
   CoordSys const* const system = def.HasGeom() ? def.Geom().SRS() : nullptr;
-  return system == nullptr ? std::wstring() : CoordinateSystemName(std::wstring(system->Wkt()));
+  if (system == nullptr) return {};
+  std::wstring const name = CoordinateSystemName(std::wstring(system->Wkt()));
+  return name.empty() ? system->Code() : name;
 }
 
 }  // namespace fdo::tool

@@ -22,7 +22,7 @@ char const kInfoDetails[] =
 namespace {
 
 struct InfoOptions {
-  std::string source;
+  SourceOptions source;
   Selection selection;
   bool json = false;
 };
@@ -131,8 +131,7 @@ void Describe(Table& table, JsonDocument& json) {
 }
 
 ExitCode Info(InfoOptions const& options, Session& session) {
-  Source source = OpenSource(options.source);
-  session.ForgiveDiagnostics();
+  Source source = OpenSource(options.source, session);
   Database& database = *source.database;
   std::vector<Table*> tables;
   if (options.selection.table.empty()) {
@@ -165,7 +164,7 @@ ExitCode Info(InfoOptions const& options, Session& session) {
 
 Action DefineInfo(CLI::App& app) {
   auto const options = std::make_shared<InfoOptions>();
-  app.add_option("SOURCE", options->source, "What to look into")->required();
+  options->source.Define(app, "What to look into");
   options->selection.DefineTable(app);
   app.add_flag("--json", options->json, "Print one JSON document");
   return [options](Session& session) { return Info(*options, session); };

@@ -87,6 +87,13 @@ Failure SourceUnreadable(std::string const& source, std::string const& detail) {
                       source, WithDetail(detail))};
 }
 
+Failure ProviderFailed(std::string const& source, std::string const& provider, std::string const& detail) {
+  return {ExitCode::kCannotOpen,
+          fmt::format("{} cannot be opened through the provider {}{}. quillon providers "
+                      "shows those that can be used",
+                      source, provider, WithDetail(detail))};
+}
+
 Failure NoTables(std::string const& source) {
   return {ExitCode::kFailed, fmt::format("{} has no tables", source)};
 }
@@ -110,6 +117,23 @@ Failure NoSuchColumn(std::string const& table, std::string const& name, std::str
 
 Failure NoSuchRow(std::string const& table, std::int64_t id) {
   return {ExitCode::kFailed, fmt::format("{} has no row with id {}", table, id)};
+}
+
+Failure NoOrder(std::string const& table, std::string const& column, std::string const& type) {
+  return {ExitCode::kFailed, fmt::format("rows cannot be ordered by column \"{}\" of {}, which is of type {}",
+                                         column, table, type)};
+}
+
+Failure CannotOrder(std::string const& source) {
+  return {ExitCode::kFailed,
+          fmt::format("{} does not order its rows; convert it into a .sqlite file and query "
+                      "that",
+                      source)};
+}
+
+Failure NoIntegerId(std::string const& table) {
+  return {ExitCode::kFailed,
+          fmt::format("{} has no whole numbers as ids, so --id cannot be used; use --where", table)};
 }
 
 Failure NoGeometry(std::string const& table, std::string const& option) {

@@ -24,6 +24,7 @@ Failure UnknownFormat(std::string const& target);
 Failure SourceMissing(std::string const& source);
 // detail: what the back end says, or "".
 Failure SourceUnreadable(std::string const& source, std::string const& detail);
+Failure ProviderFailed(std::string const& source, std::string const& provider, std::string const& detail);
 Failure NoTables(std::string const& source);
 Failure NoSuchTable(std::string const& source, std::string const& name, std::string const& suggestion,
                     std::vector<std::string> const& tables);
@@ -31,6 +32,9 @@ Failure TableNotNamed(std::string const& source, std::vector<std::string> const&
 Failure NoSuchColumn(std::string const& table, std::string const& name, std::string const& suggestion,
                      std::vector<std::string> const& columns);
 Failure NoSuchRow(std::string const& table, std::int64_t id);
+Failure NoOrder(std::string const& table, std::string const& column, std::string const& type);
+Failure CannotOrder(std::string const& source);
+Failure NoIntegerId(std::string const& table);
 Failure NoGeometry(std::string const& table, std::string const& option);
 Failure NoStatistics(std::string const& table, std::string const& column, std::string const& type);
 

@@ -1,5 +1,12 @@
 #include "tools/quillon/open_source.h"
 
+#include <Fdo.h>
+#include <fdo/database_fdo.h>
+#include <fdo/database_ogr.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -17,24 +24,72 @@ bool MayBeNoFile(std::wstring const& name) {
   return name.rfind(L"/vsi", 0) == 0 || name.find(L':') != std::wstring::npos;
 }
 
-}  // namespace
-
-Source OpenSource(std::string const& name) {
-  std::wstring wideName;
-  WideFromUtf8(name, wideName);
-  std::error_code ignored;
-  bool const exists = std::filesystem::exists(PathOf(name), ignored);
-  if (!exists && !MayBeNoFile(wideName)) throw SourceMissing(name);
-
-  constexpr bool kReadOnly = true, kLoadSchema = true;
-  auto database = std::make_unique<DatabaseOgr>();
-  if (!database->Connect(wideName.c_str(), nullptr, nullptr, kReadOnly, kLoadSchema)) {
-    throw SourceUnreadable(name, Utf8(database->LastError()));
+// What a provider said that was found and did not open the source; "" when there was no provider.
+std::string ConnectionFailure(std::vector<std::string> const& lines) {
+  for (std::string const& line : lines) {
+    if (line.rfind("FDO connection failure", 0) == 0) return line;
   }
-  return {name, std::move(database)};
+  return {};
 }
 
-std::string ReadError(Source const& source) { return Utf8(source.database->LastError()); }
+// Those that are not empty.
+std::string Joined(std::vector<std::string> const& lines) {
+  std::string text;
+  for (std::string const& line : lines) {
+    if (!line.empty()) text += (text.empty() ? "" : "; ") + line;
+  }
+  return text;
+}
+
+}  // namespace
+
+void SourceOptions::Define(CLI::App& app, char const* purpose) {
+  app.add_option("SOURCE", source, purpose)->required();
+  app.add_option("--provider", provider, "The FDO provider to open it; SOURCE is then a connection string")
+      ->type_name("NAME");
+}
+
+Source OpenSource(SourceOptions const& options, Session& session) {
+  std::string const& name = options.source;
+  std::wstring wideName, wideProvider;
+  WideFromUtf8(name, wideName);
+  WideFromUtf8(options.provider, wideProvider);
+  bool const providerIsNamed = !wideProvider.empty();
+  std::error_code ignored;
+  bool const exists = std::filesystem::exists(PathOf(name), ignored);
+  if (!providerIsNamed && !exists && !MayBeNoFile(wideName)) throw SourceMissing(name);
+
+  constexpr bool kReadOnly = true, kLoadSchema = true;
+  auto throughFdo = std::make_unique<DatabaseFdo>();
+  bool const opened =
+      throughFdo->Connect(wideName.c_str(), wideProvider.c_str(), nullptr, kReadOnly, kLoadSchema);
+  auto const lines = session.TakeDiagnostics();
+  if (opened) return {name, std::move(throughFdo), nullptr};
+  if (providerIsNamed) throw ProviderFailed(name, options.provider, Joined(lines));
+  throughFdo = nullptr;
+
+  auto throughGdal = std::make_unique<DatabaseOgr>();
+  if (!throughGdal->Connect(wideName.c_str(), nullptr, nullptr, kReadOnly, kLoadSchema)) {
+    throw SourceUnreadable(name, Joined({ConnectionFailure(lines), Utf8(throughGdal->LastError())}));
+  }
+  session.ForgiveDiagnostics();
+  DatabaseOgr const* const gdal = throughGdal.get();
+  return {name, std::move(throughGdal), gdal};
+}
+
+std::string ReadError(Source const& source) {
+  return source.throughGdal == nullptr ? std::string() : Utf8(source.throughGdal->LastError());
+}
+
+bool OrdersRows(Source const& source) {
+  auto const* const database = dynamic_cast<DatabaseFdo const*>(source.database.get());
+  if (database == nullptr) return false;
+  FdoPtr<FdoIConnection> const connection = database->FdoConnection();
+  FdoPtr<FdoICommandCapabilities> const capabilities = connection->GetCommandCapabilities();
+  FdoInt32 count = 0;
+  FdoInt32 const* const commands = capabilities->GetCommands(count);
+  return std::find(commands, commands + count, FdoCommandType_ExtendedSelect) != commands + count;
+}
 
 Table& FindTable(Source& source, std::string const& tableName) {
   Database& database = *source.database;

@@ -1,26 +1,52 @@
-// Opening what a path names. The one place that decides which back end does it.
+// Opening what a path or a connection string names. The one place that decides which back end does it.
 #ifndef TOOLS_QUILLON_OPEN_SOURCE_H_
 #define TOOLS_QUILLON_OPEN_SOURCE_H_
 
-#include <fdo/database_ogr.h>
+#include <fdo/database.h>
 
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "tools/quillon/session.h"
+
+namespace CLI {
+class App;
+}
+
+namespace fdo {
+class DatabaseOgr;
+}
+
 namespace fdo::tool {
+
+// What a command reads, as its options say it.
+struct SourceOptions {
+  std::string source;
+  std::string provider;  // empty: the source tells
+
+  // Declares both.
+  // Requires: this stays where it is until the command line has been read
+  void Define(CLI::App& app, char const* purpose);
+};
 
 // A source that is open for reading.
 struct Source {
   std::string name;  // as the user gave it
-  std::unique_ptr<DatabaseOgr> database;
+  std::unique_ptr<Database> database;
+  DatabaseOgr const* throughGdal = nullptr;  // the database, when GDAL opened it
 };
 
+// Tries FDO, then, unless a provider is named, GDAL. What the library reported on the way to a source that
+// then opened is dropped.
 // Errors: throws Failure that says whether the source is missing or cannot be read.
-Source OpenSource(std::string const& name);
+Source OpenSource(SourceOptions const& options, Session& session);
 
 // Why reading the source broke off, or "" when it did not. GDAL tells of damage on the way only so.
 std::string ReadError(Source const& source);
+
+// Whether the source's queries order rows by a column.
+bool OrdersRows(Source const& source);
 
 // The table of that name, or the only one when the name is "".
 // Errors: throws Failure that lists the tables, or suggests one.

@@ -19,8 +19,8 @@ namespace fdo::tool {
 namespace {
 
 constexpr char kDescription[] =
-    "Looks into vector data of any format that GDAL reads, and converts it.\n"
-    "A SOURCE is a path, or another name that GDAL knows.";
+    "Looks into vector data of any format that an FDO provider or GDAL reads, and converts it.\n"
+    "A SOURCE is a path, another name that GDAL knows, or with --provider a connection string for FDO.";
 
 constexpr char kExitCodes[] =
     "Exit codes: 0 done; 1 failed; 2 wrong usage; 3 a source cannot be opened; 4 done, but rows are missing\n"

@@ -30,12 +30,14 @@ char const kQueryDetails[] =
     "\n"
     "  quillon query world.gpkg --where \"continent = 'Africa' and pop > 5e7\" --select name_long,pop\n"
     "  quillon query world.gpkg --bbox -10,35,5,45 -f geojson > iberia.geojson\n"
-    "  quillon query world.gpkg --id 12 --json";
+    "  quillon query world.gpkg --id 12 --json\n"
+    "  quillon query parcels.sqlite --order-by area --descending --limit 10\n"
+    "  quillon query \"File=parcels.sqlite;UseFdoMetadata=TRUE\" --provider OSGeo.SQLite";
 
 namespace {
 
 struct QueryOptions {
-  std::string source;
+  SourceOptions source;
   Selection selection;
   std::optional<std::int64_t> id;
   std::optional<std::int64_t> limit;
@@ -67,22 +69,30 @@ void NoteOtherSystem(RowFormat const& format, BoundSelection const& bound, Table
   console.Note(CoordinatesAsTheyAre(Utf8(system)));
 }
 
+bool HasIntegerId(TableDef const& def) {
+  if (!def.HasID()) return false;
+  ColumnDef::DataType const type = def.ID().Type();
+  return type == ColumnDef::kInt16 || type == ColumnDef::kInt32 || type == ColumnDef::kInt64;
+}
+
 Row const* FirstRow(Table& table, QueryOptions const& options, BoundSelection const& bound) {
   if (!options.id) {
     bound.Query(table);
     return table.Next();
   }
   bound.Restrict(table);
+  // With any other identity such a look-up runs without a condition.
+  if (!HasIntegerId(*table.Def())) throw NoIntegerId(Utf8(table.Def()->Name()));
   Row const* const row = table.Query(static_cast<__int64>(*options.id));
   if (row == nullptr) throw NoSuchRow(Utf8(table.Def()->Name()), *options.id);
   return row;
 }
 
 ExitCode Query(QueryOptions const& options, Session& session) {
-  Source source = OpenSource(options.source);
-  session.ForgiveDiagnostics();
+  Source source = OpenSource(options.source, session);
   Table& table = FindTable(source, options.selection.table);
   BoundSelection const bound = Bind(options.selection, *table.Def());
+  if (!bound.orderBy.empty() && !OrdersRows(source)) throw CannotOrder(source.name);
   RowFormat const& format = FindFormat(options.json ? "json" : options.format);
   NoteOtherSystem(format, bound, *table.Def(), session.console);
 
@@ -109,14 +119,16 @@ ExitCode Query(QueryOptions const& options, Session& session) {
 
 Action DefineQuery(CLI::App& app) {
   auto const options = std::make_shared<QueryOptions>();
-  app.add_option("SOURCE", options->source, "What to read")->required();
+  options->source.Define(app, "What to read");
   options->selection.DefineTable(app);
   options->selection.DefineColumns(app);
   CLI::Option* const where = options->selection.DefineWhere(app);
   CLI::Option* const box = options->selection.DefineBox(app);
+  CLI::Option* const order = options->selection.DefineOrder(app);
   app.add_option("--id", options->id, "Only the row with that id")
       ->excludes(where)
       ->excludes(box)
+      ->excludes(order)
       ->type_name("ID");
   app.add_option("--limit", options->limit, "At most that many rows")
       ->check(CLI::NonNegativeNumber)

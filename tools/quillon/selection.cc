@@ -1,17 +1,46 @@
 #include "tools/quillon/selection.h"
 
+#include <fmt/format.h>
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 
+#include "tools/quillon/cell_text.h"
 #include "tools/quillon/filter.h"
 #include "tools/quillon/messages.h"
 #include "tools/quillon/suggestion.h"
 #include "tools/quillon/utf8.h"
 
 namespace fdo::tool {
+
+namespace {
+
+FdoPtr<FdoFilter> BoxAndCondition(TableDef const& def, Box const& box, FdoFilter* condition) {
+  auto const& [minX, minY, maxX, maxY] = box;
+  std::wstring polygon;
+  WideFromUtf8(fmt::format("GeomFromText('POLYGON (({0} {1}, {2} {1}, {2} {3}, {0} {3}, {0} {1}))')", minX,
+                           minY, maxX, maxY),
+               polygon);
+  FdoPtr<FdoExpression> const geometry = FdoExpression::Parse(polygon.c_str());
+  FdoPtr<FdoFilter> const meets =
+      FdoSpatialCondition::Create(def.Geom().Name(), FdoSpatialOperations_EnvelopeIntersects, geometry);
+  if (condition == nullptr) return meets;
+  return FdoPtr<FdoFilter>(FdoFilter::Combine(meets.p, FdoBinaryLogicalOperations_And, condition));
+}
+
+int FindOrderingColumn(TableDef const& def, std::string const& name) {
+  int const column = FindColumn(def, name);
+  ColumnDef::DataType const type = def[column].Type();
+  if (type == ColumnDef::kGeometry || type == ColumnDef::kBlob || type == ColumnDef::kClob ||
+      type == ColumnDef::kUnset) {
+    throw NoOrder(Utf8(def.Name()), name, TypeName(type));
+  }
+  return column;
+}
+
+}  // namespace
 
 Box ParseBox(std::string const& text) {
   Box box{};
@@ -79,6 +108,14 @@ void Selection::DefineColumns(CLI::App& app) {
       ->type_name("A,B,...");
 }
 
+CLI::Option* Selection::DefineOrder(CLI::App& app) {
+  CLI::Option* const order =
+      app.add_option("--order-by", orderBy, "Order the rows by a column, where the source can")
+          ->type_name("COLUMN");
+  app.add_flag("--descending", descending, "The greatest first")->needs(order);
+  return order;
+}
+
 void BoundSelection::Restrict(Table& table) const {
   auto fetched = columns;
   std::sort(fetched.begin(), fetched.end());
@@ -88,11 +125,14 @@ void BoundSelection::Restrict(Table& table) const {
 void BoundSelection::Query(Table& table) const {
   Restrict(table);
   FdoFilter* const condition = filter.p;
-  if (box) {
+  if (!orderBy.empty()) {
+    // Only this query takes an order; so the box goes into its condition.
+    FdoPtr<FdoFilter> const all = box ? BoxAndCondition(*table.Def(), *box, condition) : filter;
+    table.Query(all.p, orderBy.c_str(), ascending);
+  } else if (box) {
     table.Query(box->data(), condition);
   } else if (condition != nullptr) {
-    constexpr bool kAscending = true;
-    table.Query(condition, nullptr, kAscending);
+    table.Query(condition, nullptr, ascending);
   } else {
     table.Query();
   }
@@ -108,6 +148,10 @@ BoundSelection Bind(Selection const& selection, TableDef const& def) {
   if (!selection.box.empty()) {
     if (!def.HasGeom()) throw NoGeometry(Utf8(def.Name()), "--bbox");
     bound.box = ParseBox(selection.box);
+  }
+  if (!selection.orderBy.empty()) {
+    bound.orderBy = def[FindOrderingColumn(def, selection.orderBy)].Name();
+    bound.ascending = !selection.descending;
   }
   return bound;
 }

@@ -38,6 +38,8 @@ struct Selection {
   std::string where;
   std::string box;
   std::vector<std::string> columns;
+  std::string orderBy;
+  bool descending = false;
 
   // Each declares its option.
   // Requires: the selection stays where it is until the command line has been read
@@ -45,6 +47,7 @@ struct Selection {
   CLI::Option* DefineWhere(CLI::App& app);
   CLI::Option* DefineBox(CLI::App& app);
   void DefineColumns(CLI::App& app);
+  CLI::Option* DefineOrder(CLI::App& app);
 };
 
 // A selection held against a table's definition.
@@ -52,6 +55,8 @@ struct BoundSelection {
   std::vector<int> columns;
   FdoPtr<FdoFilter> filter;  // null without a condition
   std::optional<Box> box;
+  std::wstring orderBy;  // empty: as they come
+  bool ascending = true;
 
   // Lets later queries of the table fetch the columns only.
   void Restrict(Table& table) const;

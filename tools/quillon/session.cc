@@ -4,13 +4,15 @@
 
 namespace fdo::tool {
 
-void Session::ForgiveDiagnostics() {
+std::vector<std::string> Session::TakeDiagnostics() {
+  auto lines = diagnostics.Take();
   if (verbose) {
-    ShowDiagnostics();
-  } else {
-    diagnostics.Take();
+    for (auto const& line : lines) console.Note(OneLine(line));
   }
+  return lines;
 }
+
+void Session::ForgiveDiagnostics() { TakeDiagnostics(); }
 
 bool Session::ShowDiagnostics() {
   auto const lines = diagnostics.Take();

@@ -1,6 +1,9 @@
 #ifndef TOOLS_QUILLON_SESSION_H_
 #define TOOLS_QUILLON_SESSION_H_
 
+#include <string>
+#include <vector>
+
 #include "tools/quillon/console.h"
 #include "tools/quillon/diagnostic_log.h"
 #include "tools/quillon/output.h"
@@ -14,6 +17,9 @@ struct Session {
   DiagnosticLog& diagnostics;
   bool verbose;
 
+  // Takes what the library reported, to be said in other words; the user who wants to see everything is
+  // shown it as well.
+  std::vector<std::string> TakeDiagnostics();
   // Drops what the library reported on the way to something that then succeeded, or shows it when the
   // user wants to see everything.
   void ForgiveDiagnostics();

@@ -24,7 +24,7 @@ char const kStatsDetails[] =
 namespace {
 
 struct StatsOptions {
-  std::string source;
+  SourceOptions source;
   std::vector<std::string> columns;
   Selection selection;
   bool json = false;
@@ -128,8 +128,7 @@ std::string AsJson(Source const& source, TableDef const& def, std::vector<Printe
 }
 
 ExitCode Stats(StatsOptions const& options, Session& session) {
-  Source source = OpenSource(options.source);
-  session.ForgiveDiagnostics();
+  Source source = OpenSource(options.source, session);
   Table& table = FindTable(source, options.selection.table);
   TableDef const& def = *table.Def();
   BoundSelection const bound = Bind(options.selection, def);
@@ -148,7 +147,7 @@ ExitCode Stats(StatsOptions const& options, Session& session) {
 
 Action DefineStats(CLI::App& app) {
   auto const options = std::make_shared<StatsOptions>();
-  app.add_option("SOURCE", options->source, "What to read")->required();
+  options->source.Define(app, "What to read");
   app.add_option("COLUMN", options->columns, "The columns, or all")->required();
   options->selection.DefineTable(app);
   options->selection.DefineWhere(app);
