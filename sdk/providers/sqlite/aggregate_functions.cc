@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "sdk/providers/sqlite/extent_polygon.h"
 #include "sdk/providers/sqlite/sql_functions.h"
 #include "sdk/providers/sqlite/stored_geometry.h"
 
@@ -100,8 +101,7 @@ class DeviationOfAll {
   double squares_ = 0;
 };
 
-// The box around all geometries as an FGF polygon in two dimensions. Its first position is the least corner
-// and its third is the greatest; readers rely on that.
+// The box around all geometries.
 class ExtentOfAll {
  public:
   void Add(sqlite3_value* stored, GeometryFormat format) {
@@ -112,13 +112,8 @@ class ExtentOfAll {
   }
   void Finish(sqlite3_context* context) {
     if (all_.IsEmpty()) return;
-    std::int32_t const head[] = {FdoGeometryType_Polygon, FdoDimensionality_XY, 1, 5};
-    double const positions[] = {all_.minX, all_.minY, all_.maxX, all_.minY, all_.maxX,
-                                all_.maxY, all_.minX, all_.maxY, all_.minX, all_.minY};
-    unsigned char fgf[sizeof head + sizeof positions];
-    std::memcpy(fgf, head, sizeof head);
-    std::memcpy(fgf + sizeof head, positions, sizeof positions);
-    sqlite3_result_blob(context, fgf, sizeof fgf, SQLITE_TRANSIENT);
+    auto const fgf = ExtentPolygon(all_);
+    sqlite3_result_blob(context, fgf.data(), static_cast<int>(fgf.size()), SQLITE_TRANSIENT);
   }
 
  private:

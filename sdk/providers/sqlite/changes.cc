@@ -40,7 +40,7 @@ class Update : public UpdateBase {
     connection_->SettleWrites();
     StoreClassPtr const storeClass = ChangeableClass(Schema(), className_);
     GivenValues given(storeClass, *values_);
-    SqlScope const scope{*storeClass, parameters_};
+    SqlScope const scope = ScopeOf(*storeClass, parameters_);
     if (given.Columns().empty()) return Count(database, scope);
     std::string set = "UPDATE " + QuotedName(storeClass->tableName) + " SET ";
     for (StoreColumn const* column : given.Columns()) {
@@ -50,8 +50,9 @@ class Update : public UpdateBase {
       if (column != given.Columns().front()) set += ",";
       set += QuotedName(column->sqlName) + "=?";
     }
-    SqlFragment const condition = ConditionOf(filter_, scope);
+    SqlFragment const condition = ConditionOf(filter_, scope, connection_->Indexes());
     Statement statement = database.Prepare(set + condition.Text(), L"change features of");
+    NoteWrite(*storeClass, connection_->Indexes());
     given.Bind(statement, *values_, parameters_);
     return RunAndCount(database, condition, std::move(statement),
                        static_cast<int>(given.Columns().size()) + 1);
@@ -60,7 +61,7 @@ class Update : public UpdateBase {
  private:
   FdoInt32 Count(Database& database, SqlScope const& scope) {
     SqlFragment sql("SELECT count(*)");
-    sql.Add(SourceOf(filter_, scope), 0);
+    sql.Add(SourceOf(filter_, scope, connection_->Indexes()), 0);
     Statement statement = PrepareBound(database, sql, L"read");
     statement.Step();
     return static_cast<FdoInt32>(statement.Int64(0));
@@ -81,7 +82,9 @@ class Delete : public DeleteBase {
     Database& database = OpenedDatabase();
     connection_->SettleWrites();
     StoreClassPtr const storeClass = ChangeableClass(Schema(), className_);
-    SqlFragment const condition = ConditionOf(filter_, SqlScope{*storeClass, parameters_});
+    SqlFragment const condition =
+        ConditionOf(filter_, ScopeOf(*storeClass, parameters_), connection_->Indexes());
+    NoteWrite(*storeClass, connection_->Indexes());
     std::string const sql = "DELETE FROM " + QuotedName(storeClass->tableName) + condition.Text();
     return RunAndCount(database, condition, database.Prepare(sql, L"remove features of"), 1);
   }

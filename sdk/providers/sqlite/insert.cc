@@ -8,6 +8,7 @@
 #include "sdk/providers/sqlite/data_version.h"
 #include "sdk/providers/sqlite/feature_reader.h"
 #include "sdk/providers/sqlite/given_values.h"
+#include "sdk/providers/sqlite/query_source.h"
 #include "sdk/providers/sqlite/sql_fragment.h"
 #include "sdk/providers/sqlite/sql_names.h"
 
@@ -65,6 +66,8 @@ class Insert : public InsertBase {
     bool const beginsBatch = !database.InTransaction();
     connection_->JoinWrites(this);
     try {
+      // What it writes in a batch of its own is noted again for each.
+      if (beginsBatch && plan_ != nullptr) NoteWrite(*plan_->storeClass, connection_->Indexes());
       return Add(database);
     } catch (FdoException*) {
       // A batch of nothing would keep the file locked.
@@ -126,6 +129,7 @@ class Insert : public InsertBase {
     bool const isRowId = key.size() == 1 && storeClass->columns[static_cast<std::size_t>(key[0])].isRowId;
     Statement statement =
         database.Prepare(InsertText(*storeClass, given.Columns(), isRowId), L"insert a feature into");
+    NoteWrite(*storeClass, connection_->Indexes());
     plannedName_ = className_->GetText();
     return std::make_unique<InsertPlan>(InsertPlan{storeClass, std::move(given), std::move(statement),
                                                    ShapeOf(storeClass, key), isRowId, version});

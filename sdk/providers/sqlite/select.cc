@@ -120,7 +120,7 @@ class SelectOf : public SelectCommand<Interface> {
   // Errors: false for what is not repeated after all; FdoCommandException* for what there is not.
   bool Learn(Wanted wanted, FdoIdentifier* idName) {
     StoreClassPtr const storeClass = this->Schema().Class(this->className_);
-    SqlScope const scope{*storeClass, this->parameters_};
+    SqlScope const scope = ScopeOf(*storeClass, this->parameters_);
     auto learned = std::make_unique<RepeatedSelect>();
     learned->wanted = wanted;
     learned->className = this->className_->GetText();
@@ -187,11 +187,11 @@ class SelectOf : public SelectCommand<Interface> {
     while (true) {
       StoreClassPtr const storeClass = this->Schema().Class(this->className_);
       std::uint32_t const version = DataVersion(database);
-      SqlScope const scope{*storeClass, this->parameters_};
+      SqlScope const scope = ScopeOf(*storeClass, this->parameters_);
       SelectedProperties const selected(storeClass, *this->properties_, scope);
       SqlFragment sql("SELECT ");
       sql.Add(Joined(selected.Items()), 0);
-      sql.Add(SourceOf(this->filter_, scope), 0);
+      sql.Add(SourceOf(this->filter_, scope, this->connection_.p->Indexes()), 0);
       sql.Add(selected.OrderBy(*this->ordering_, [this](FdoString* name) { return this->OptionOf(name); }),
               0);
       FeatureShapePtr const shape = selected.Shape();

@@ -1,9 +1,13 @@
 // The command that computes values over all features of a class, or over groups of them.
 #include <cwctype>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "sdk/providers/sqlite/command_base.h"
 #include "sdk/providers/sqlite/commands.h"
+#include "sdk/providers/sqlite/data_version.h"
+#include "sdk/providers/sqlite/extent_polygon.h"
 #include "sdk/providers/sqlite/filter_sql.h"
 #include "sdk/providers/sqlite/query_source.h"
 #include "sdk/providers/sqlite/reader_base.h"
@@ -41,18 +45,24 @@ bool IsSameWord(std::wstring_view left, std::wstring_view right) {
   return true;
 }
 
-// Whether SQLite has a shorter way to that value than reading all rows, if it is all that a query asks for.
-bool IsBestAlone(FdoIdentifier& name) {
-  if (name.GetExpressionType() != FdoExpressionItemType_ComputedIdentifier) return false;
-  FdoPtr<FdoExpression> expression = static_cast<FdoComputedIdentifier&>(name).GetExpression();
-  if (expression == nullptr || expression->GetExpressionType() != FdoExpressionItemType_Function)
-    return false;
+// The function of one property, or of none, that a computed property is.
+struct PropertyFunction {
+  std::wstring name;  // empty for everything else
+  FdoPtr<FdoIdentifier> property;
+};
+
+PropertyFunction FunctionOf(FdoIdentifier& computed) {
+  PropertyFunction none;
+  if (computed.GetExpressionType() != FdoExpressionItemType_ComputedIdentifier) return none;
+  FdoPtr<FdoExpression> expression = static_cast<FdoComputedIdentifier&>(computed).GetExpression();
+  if (expression == nullptr || expression->GetExpressionType() != FdoExpressionItemType_Function) return none;
   auto& function = static_cast<FdoFunction&>(*expression);
   FdoPtr<FdoExpressionCollection> arguments = function.GetArguments();
-  if (IsSameWord(function.GetName(), FDO_FUNCTION_COUNT)) return arguments->GetCount() == 0;
-  return (IsSameWord(function.GetName(), FDO_FUNCTION_MIN) ||
-          IsSameWord(function.GetName(), FDO_FUNCTION_MAX)) &&
-         arguments->GetCount() == 1;
+  if (arguments->GetCount() == 0) return {function.GetName(), nullptr};
+  FdoPtr<FdoExpression> argument = arguments->GetItem(0);
+  if (arguments->GetCount() > 1 || argument->GetExpressionType() != FdoExpressionItemType_Identifier)
+    return none;
+  return {function.GetName(), FdoPtr<FdoIdentifier>(static_cast<FdoIdentifier*>(argument.Detach()))};
 }
 
 using SelectAggregatesBase = SelectCommand<FdoISelectAggregates>;
@@ -71,47 +81,72 @@ class SelectAggregates : public SelectAggregatesBase {
 
   FdoIDataReader* Execute() override {
     Database& database = OpenedDatabase();
-    StoreClassPtr const storeClass = Schema().Class(className_);
-    SqlScope scope{*storeClass, parameters_};
-    scope.aggregates = true;
-    SelectedProperties const selected(storeClass, *properties_, scope);
-    SqlFragment const sql =
-        IsOfSeparateValues() ? SeparateValues(selected, scope) : OneQuery(selected, scope);
-    ResultCursor cursor(PrepareBound(database, sql, L"read"), selected.Shape()->columns, nullptr);
-    return new DataReader(connection_, std::move(cursor));
+    while (true) {
+      StoreClassPtr const storeClass = Schema().Class(className_);
+      std::uint32_t const version = DataVersion(database);
+      SqlScope scope = ScopeOf(*storeClass, parameters_);
+      scope.aggregates = true;
+      SelectedProperties const selected(storeClass, *properties_, scope);
+      std::vector<SqlFragment> const values = SeparateValues(selected, scope);
+      SqlFragment sql("SELECT ");
+      if (values.empty()) {
+        sql = OneQuery(selected, scope);
+      } else {
+        sql.Add(Joined(values), 0);
+      }
+      ResultCursor cursor(PrepareBound(database, sql, L"read"), selected.Shape()->columns, nullptr);
+      // What was learned before the query is true of it, unless somebody has written in between.
+      if (!cursor.WasPreparedAnew() && DataVersion(database) == version) {
+        return new DataReader(connection_, std::move(cursor));
+      }
+    }
   }
 
  private:
-  bool IsOfSeparateValues() {
-    bool const isPlain = filter_ == nullptr && grouping_->GetCount() == 0 && groupingFilter_ == nullptr &&
-                         !distinct_ && properties_->GetCount() > 0;
-    for (FdoInt32 i = 0; isPlain && i < properties_->GetCount(); ++i) {
-      FdoPtr<FdoIdentifier> name = properties_->GetItem(i);
-      if (!IsBestAlone(*name)) return false;
+  // Where every value has a shorter way than reading all rows, if it is asked for alone: each as a query of
+  // its own, (SELECT count(*) FROM "t") and (SELECT max("a") FROM "t"). Otherwise empty.
+  std::vector<SqlFragment> SeparateValues(SelectedProperties const& selected, SqlScope const& scope) {
+    bool const isOfAll =
+        filter_ == nullptr && grouping_->GetCount() == 0 && groupingFilter_ == nullptr && !distinct_;
+    std::vector<SqlFragment> values;
+    for (FdoInt32 i = 0; isOfAll && i < properties_->GetCount(); ++i) {
+      FdoPtr<FdoIdentifier> computed = properties_->GetItem(i);
+      PropertyFunction const function = FunctionOf(*computed);
+      bool const isCount = IsSameWord(function.name, FDO_FUNCTION_COUNT) && function.property == nullptr;
+      bool const isExtreme =
+          IsSameWord(function.name, FDO_FUNCTION_MIN) || IsSameWord(function.name, FDO_FUNCTION_MAX);
+      if (IsSameWord(function.name, FDO_FUNCTION_SPATIALEXTENTS) && HasIndex(function.property, scope)) {
+        values.push_back(ExtentOf(*function.property, scope));
+      } else if (isCount || (isExtreme && function.property != nullptr)) {
+        SqlFragment value("(SELECT ");
+        value.Add(selected.Items()[static_cast<std::size_t>(i)], 1);
+        value.Add(SourceOf(nullptr, scope, connection_->Indexes()), 1);
+        value.Add(")");
+        values.push_back(value);
+      } else {
+        return {};
+      }
     }
-    return isPlain;
+    return values;
   }
 
-  // SELECT (SELECT count(*) FROM "t"),(SELECT max("a") FROM "t")
-  SqlFragment SeparateValues(SelectedProperties const& selected, SqlScope const& scope) {
-    std::vector<SqlFragment> values;
-    for (SqlFragment const& item : selected.Items()) {
-      SqlFragment value("(SELECT ");
-      value.Add(item, 1);
-      value.Add(SourceOf(nullptr, scope), 1);
-      value.Add(")");
-      values.push_back(value);
-    }
-    SqlFragment sql("SELECT ");
-    sql.Add(Joined(values), 0);
-    return sql;
+  static bool HasIndex(FdoIdentifier* property, SqlScope const& scope) {
+    return property != nullptr && !scope.ofClass.rowIdName.empty() && !scope.ofClass.readOnly &&
+           ColumnNamed(*property, scope).kind == StoreColumn::Kind::kGeometry;
+  }
+
+  SqlFragment ExtentOf(FdoIdentifier& property, SqlScope const& scope) {
+    FgfBox box;
+    IndexedColumn const column = IndexedColumnOf(scope.ofClass, ColumnNamed(property, scope));
+    if (!connection_->Indexes().Of(column).Extent(box)) return SqlFragment("NULL");
+    auto const polygon = ExtentPolygon(box);
+    return SqlFragment::Parameter(SqlBytes(polygon.begin(), polygon.end()));
   }
 
   SqlFragment OneQuery(SelectedProperties const& selected, SqlScope const& scope) {
     SqlFragment sql(distinct_ ? "SELECT DISTINCT " : "SELECT ");
     sql.Add(Joined(selected.Items()), 0);
-    SqlScope const rowScope{scope.ofClass, scope.parameters};
-    sql.Add(SourceOf(filter_, rowScope), 0);
+    sql.Add(SourceOf(filter_, ScopeOf(scope.ofClass, scope.parameters), connection_->Indexes()), 0);
     for (FdoInt32 i = 0; i < grouping_->GetCount(); ++i) {
       FdoPtr<FdoIdentifier> by = grouping_->GetItem(i);
       sql.Add(i == 0 ? " GROUP BY " : ",");
