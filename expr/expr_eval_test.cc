@@ -463,11 +463,11 @@ TEST(ExprEvalOptions, In) {
 TEST(ExprEvalOptions, Like) {
   Row const row = MakeRow();
   Case const cases[] = {
-      {L"t LIKE 'abc'", "TRUE"},     {L"t LIKE 'ABC'", "FALSE"},    {L"t LIKE 'a%'", "TRUE"},
-      {L"t LIKE '%c'", "TRUE"},      {L"t LIKE '%b%'", "TRUE"},     {L"t LIKE '%'", "TRUE"},
-      {L"t LIKE '_b_'", "TRUE"},     {L"t LIKE '__'", "FALSE"},     {L"t LIKE '____'", "FALSE"},
-      {L"t LIKE ''", "FALSE"},       {L"t LIKE 'abc%'", "TRUE"},    {L"t LIKE 'abc_'", "FALSE"},
-      {L"t LIKE '%a%b%c%'", "TRUE"}, {L"t LIKE '[ab]bc'", "FALSE"}, {L"i LIKE '1_'", "TRUE"},
+      {L"t LIKE 'abc'", "TRUE"},     {L"t LIKE 'ABC'", "FALSE"},   {L"t LIKE 'a%'", "TRUE"},
+      {L"t LIKE '%c'", "TRUE"},      {L"t LIKE '%b%'", "TRUE"},    {L"t LIKE '%'", "TRUE"},
+      {L"t LIKE '_b_'", "TRUE"},     {L"t LIKE '__'", "FALSE"},    {L"t LIKE '____'", "FALSE"},
+      {L"t LIKE ''", "FALSE"},       {L"t LIKE 'abc%'", "TRUE"},   {L"t LIKE 'abc_'", "FALSE"},
+      {L"t LIKE '%a%b%c%'", "TRUE"}, {L"t LIKE '[ab]bc'", "TRUE"}, {L"i LIKE '1_'", "TRUE"},
       {L"n LIKE '%'", "FALSE"},      {L"NOT t LIKE 'x%'", "TRUE"},
   };
   for (Case const& test : cases)

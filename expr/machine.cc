@@ -308,7 +308,8 @@ void ExprEval::Machine::Measure(std::size_t at, Value*& top) {
   Value& left = *top;
   Value& right = *(top - 1);
   Value& outcome = *(top - 2);
-  bool known = left.AsBlob() != nullptr && right.AsBlob() != nullptr;
+  double const distance = static_cast<double>(outcome);
+  bool known = left.AsBlob() != nullptr && right.AsBlob() != nullptr && distance >= 0;
   bool holds = false;
   if (known) {
     FdoPtr<FdoIGeometry> const row = internal::GeometryOf(left);
@@ -316,7 +317,7 @@ void ExprEval::Machine::Measure(std::size_t at, Value*& top) {
     FdoIGeometry* const literal = GeometryAt(at, right, made);
     known = !internal::IsEmpty(row) && !internal::IsEmpty(literal);
     bool const isWithin = static_cast<__int64>(program_[at].value) == FdoDistanceOperations_Within;
-    holds = known && internal::IsWithinDistance(row, literal, static_cast<double>(outcome)) == isWithin;
+    holds = known && internal::IsWithinDistance(row, literal, distance) == isWithin;
   }
   if (known || !options_.nullIsUnknown) {
     outcome.Reset(holds);

@@ -28,7 +28,6 @@ bool IsInRelation(FdoIGeometry* left, long long operation, FdoIGeometry* right) 
 }
 
 bool IsWithinDistance(FdoIGeometry* left, FdoIGeometry* right, double distance) {
-  if (!(distance >= 0)) return false;
   return FalseWhenItFails([&] {
     // What is nearer than the tolerance intersects.
     return distance > 0 ? FdoSpatialUtility::Evaluate(left, FdoSpatialOperations_Intersects, right, distance)

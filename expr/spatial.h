@@ -15,8 +15,8 @@ FdoIGeometry* GeometryOf(Value const& value);
 bool IsInRelation(FdoIGeometry* left, long long operation, FdoIGeometry* right);
 
 // Whether the nearest positions of the two are as near as the distance or nearer.
-// Errors: as above. A negative distance and one that is no number hold nothing, an empty geometry is near
-// nothing.
+// Errors: as above.
+// Requires: distance >= 0
 bool IsWithinDistance(FdoIGeometry* left, FdoIGeometry* right, double distance);
 
 bool IsEmpty(FdoIGeometry* geometry);

@@ -60,11 +60,11 @@ struct OpRec {
 // What goes beyond the plain machine. Everything is off unless it is asked for.
 struct ExprOptions {
   // Nothing refuses or traps:
-  // - IN, LIKE and distance conditions work. LIKE matches whole texts, unit by unit, so upper and lower
-  //   case differ; % stands for any run of characters, _ for one, and there is no escape. What has no
-  //   text (null, bytes) matches nothing. IN holds when the column equals one of the values. Within a
-  //   distance is what comes as near as that or nearer, in the units of the coordinates; beyond is
-  //   everything else that has a place.
+  // - IN, LIKE and distance conditions work. LIKE matches whole texts, upper and lower case apart: % stands
+  //   for any run of characters, _ for one, [abc] and [a-f] for one of those, [^abc] for any other one. What
+  //   has no text (null, bytes) matches nothing. IN holds when the column equals one of the values. Within a
+  //   distance is what comes as near as that or nearer, in the units of the coordinates; beyond is everything
+  //   else that has a place. To a distance below 0 there is neither.
   // - Integer division and mod by zero give null; the least integer divided by -1 gives a double.
   // - x, y, z and m read geometry of columns and literals, too.
   // - What is not bytes, null among it, is no geometry and meets no spatial and no distance condition. An
