@@ -32,6 +32,8 @@ int GDALDatasetCommitTransaction(GDALDatasetH dataset);
 
 OGRFeatureDefnH OGR_L_GetLayerDefn(OGRLayerH layer);
 int OGR_L_SetIgnoredFields(OGRLayerH layer, char const** names);
+int OGR_L_SetAttributeFilter(OGRLayerH layer, char const* condition);
+std::int64_t OGR_L_GetFeatureCount(OGRLayerH layer, int force);
 void OGR_L_ResetReading(OGRLayerH layer);
 OGRFeatureH OGR_L_GetNextFeature(OGRLayerH layer);
 int OGR_L_CreateFeature(OGRLayerH layer, OGRFeatureH feature);
@@ -76,6 +78,7 @@ namespace fdo::bench {
 inline constexpr unsigned kGdalOpenVector = 0x04;
 inline constexpr int kOgrErrNone = 0;
 inline constexpr int kWkbLittleEndian = 1;
+inline constexpr int kWkbNone = 100;
 inline constexpr int kWkbPoint = 1;
 inline constexpr int kWkbPolygon = 3;
 inline constexpr int kOftInteger = 0;

@@ -12,6 +12,10 @@ namespace fdo::bench {
 
 struct Workbench;
 
+Sides EvalOgrJob(Workbench const& bench, std::string_view data);
+Sides EvalSpatialJob(Workbench const& bench, std::string_view data);
+Sides EvalSqliteJob(Workbench const& bench, std::string_view data);
+Sides EvalVariantJob(Workbench const& bench, std::string_view data);
 Sides FgfBoxJob(Workbench const& bench, std::string_view data);
 Sides FgfToWkbJob(Workbench const& bench, std::string_view data);
 Sides GeometryFromFgfJob(Workbench const& bench, std::string_view data);

@@ -4,32 +4,42 @@
 #include <cwchar>
 
 #include "expr/comparison.h"
+#include "port/inlining.h"
 
 namespace fdo {
+namespace {
 
-// The rules of Value's order: an integer is less than a double that is no number, which is less than nothing.
-bool ExprEval::Condition::Less(Number const& left, Number const& right) {
-  if (left.isInteger) {
-    return right.isInteger ? left.integer < right.integer : !(left.real >= right.real);
+// The rules of Value's order between numbers: an integer is less than a double that is no number, which
+// itself is less than nothing.
+inline bool Less(long long left, long long right) { return left < right; }
+inline bool Less(double left, double right) { return left < right; }
+inline bool Less(long long left, double right) { return !(static_cast<double>(left) >= right); }
+inline bool Less(double left, long long right) { return left < static_cast<double>(right); }
+
+// Most texts that differ do so early, before a call would pay.
+inline bool IsSameText(wchar_t const* a, wchar_t const* b) {
+  constexpr int kEarly = 8;
+  for (int i = 0; i < kEarly; ++i) {
+    if (a[i] != b[i]) return false;
+    if (a[i] == 0) return true;
   }
-  return left.real < right.real;
+  return std::wcscmp(a + kEarly, b + kEarly) == 0;
 }
 
-int ExprEval::Condition::Choose(Step const& step, Number const& column, Number const& literal) {
-  bool holds = false;
-  switch (step.test) {
+// Whether the test, one of Condition::Test, holds for the column's number.
+template <class Test, class Column, class Literal>
+QUILLON_ALWAYS_INLINE bool Holds(Test test, Column column, Literal literal) {
+  switch (test) {
     case Test::kColumnLess:
-      holds = Less(column, literal);
-      break;
+      return Less(column, literal);
     case Test::kLiteralLess:
-      holds = Less(literal, column);
-      break;
-    case Test::kEqual:
-      holds = !Less(column, literal) && !Less(literal, column);
-      break;
+      return Less(literal, column);
+    default:
+      return !Less(column, literal) & !Less(literal, column);
   }
-  return holds ? step.ifTrue : step.ifFalse;
 }
+
+}  // namespace
 
 // The rules of Value's arithmetic: integers stay integers and wrap.
 ExprEval::Condition::Number ExprEval::Condition::Calculated(Step const& step, Number const& column) {
@@ -73,26 +83,23 @@ int ExprEval::Condition::FollowPart(Step const& step, Row const& row) {
   bool const unknown = options_.nullIsUnknown && internal::IsUnknown(*top);
   bool const holds = top->AsBool() != step.isNegated;
   top->Reset();
-  return unknown ? step.ifUnknown : holds ? step.ifTrue : step.ifFalse;
+  return unknown ? step.ifUnknown : step.ways[holds];
 }
 
-int ExprEval::Condition::Follow(Step const& step, Row const& row) {
-  if (step.kind == Kind::kPart) return FollowPart(step, row);
-  Value const& cell = *cells_[static_cast<std::size_t>(step.cell)];
+int ExprEval::Condition::FollowText(Step const& step, Value const& cell, Row const& row) {
   int const type = cell.Type();
-  if (step.kind == Kind::kIsNull) return type == Value::kNull ? step.ifTrue : step.ifFalse;
-  if (step.kind == Kind::kText) {
-    if ((type & Value::kKindMask) == Value::kString && cell.payload_.text != nullptr) {
-      wchar_t const* const text = cell.payload_.text;
-      if (step.test == Test::kEqual) {
-        return *text == *step.text && std::wcscmp(text, step.text) == 0 ? step.ifTrue : step.ifFalse;
-      }
-      int const order = std::wcscmp(text, step.text);
-      return (step.test == Test::kColumnLess ? order < 0 : order > 0) ? step.ifTrue : step.ifFalse;
-    }
-    return type == Value::kNull ? step.ifNull : FollowPart(step, row);
+  wchar_t const* const text = cell.payload_.text;
+  if ((type & Value::kKindMask) == Value::kString && text != nullptr) {
+    if (step.test == Test::kEqual) return step.ways[IsSameText(text, step.text)];
+    int const order = std::wcscmp(text, step.text);
+    return step.ways[step.test == Test::kColumnLess ? order < 0 : order > 0];
   }
+  return type == Value::kNull ? step.ifNull : FollowPart(step, row);
+}
 
+// Numbers of every kind, and what stands for none.
+int ExprEval::Condition::FollowNumber(Step const& step, Value const& cell, Row const& row) {
+  int const type = cell.Type();
   Number column;
   if (type == Value::kInt) {
     column = {true, cell.payload_.integer, static_cast<double>(cell.payload_.integer)};
@@ -109,7 +116,39 @@ int ExprEval::Condition::Follow(Step const& step, Row const& row) {
     column = Calculated(step, column);
     if (options_.nullIsUnknown && !column.isInteger && std::isnan(column.real)) return step.ifUnknown;
   }
-  return Choose(step, column, step.literal);
+  Number const& literal = step.literal;
+  if (column.isInteger) {
+    return step.ways[literal.isInteger ? fdo::Holds(step.test, column.integer, literal.integer)
+                                       : fdo::Holds(step.test, column.integer, literal.real)];
+  }
+  return step.ways[literal.isInteger ? fdo::Holds(step.test, column.real, literal.integer)
+                                     : fdo::Holds(step.test, column.real, literal.real)];
+}
+
+// The numbers that columns are expected to hold go straight to their test.
+QUILLON_ALWAYS_INLINE int ExprEval::Condition::Follow(Step const& step, Row const& row) {
+  if (step.kind == Kind::kPart) return FollowPart(step, row);
+  Value const& cell = *cells_[static_cast<std::size_t>(step.cell)];
+  int const type = cell.Type();
+  switch (step.kind) {
+    case Kind::kInteger:
+      if (type == Value::kInt)
+        return step.ways[fdo::Holds(step.test, cell.payload_.integer, step.literal.integer)];
+      return FollowNumber(step, cell, row);
+    case Kind::kReal:
+      if (type == Value::kDouble && !options_.nullIsUnknown)
+        return step.ways[fdo::Holds(step.test, cell.payload_.number, step.literal.real)];
+      return FollowNumber(step, cell, row);
+    case Kind::kCalculated:
+      if (type == Value::kDouble && step.operation == OpMul && !options_.nullIsUnknown &&
+          !step.literal.isInteger)
+        return step.ways[fdo::Holds(step.test, cell.payload_.number * step.operand.real, step.literal.real)];
+      return FollowNumber(step, cell, row);
+    case Kind::kIsNull:
+      return step.ways[type == Value::kNull];
+    default:
+      return FollowText(step, cell, row);
+  }
 }
 
 bool ExprEval::Condition::Holds(Row const& row) {

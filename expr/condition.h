@@ -13,7 +13,7 @@
 
 namespace fdo {
 
-class ExprEval::Condition {
+class QUILLON_LOCAL ExprEval::Condition {
  public:
   // Null for a program that is no condition, or of which a part must be run even where it decides nothing:
   // without allConditions that is what may throw or trap, and columns that are looked up by name.
@@ -53,8 +53,7 @@ class ExprEval::Condition {
     bool isNegated = false;      // the test holds where the condition does not
     std::int32_t operation = 0;  // of the calculation
     int cell = 0;                // in cells_
-    int ifTrue = 0;
-    int ifFalse = 0;
+    int ways[2] = {0, 0};        // where the test does not hold, and where it does
     int ifUnknown = 0;
     int ifNull = 0;  // where the column is null
     Number literal = {};
@@ -71,10 +70,11 @@ class ExprEval::Condition {
 
   explicit Condition(Machine& machine, ExprOptions const& options) : machine_(machine), options_(options) {}
 
+  // The way on from the step.
   int Follow(Step const& step, Row const& row);
+  int FollowText(Step const& step, Value const& cell, Row const& row);
+  int FollowNumber(Step const& step, Value const& cell, Row const& row);
   int FollowPart(Step const& step, Row const& row);
-  static bool Less(Number const& left, Number const& right);
-  static int Choose(Step const& step, Number const& column, Number const& literal);
   static Number Calculated(Step const& step, Number const& column);
 
   Machine& machine_;

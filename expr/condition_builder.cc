@@ -32,8 +32,7 @@ class ExprEval::Condition::Builder {
   }
 
  private:
-  // Ways on that are not known yet, linked through next_: 2 * step for its ifTrue, 2 * step + 1 for its
-  // ifFalse.
+  // Ways on that are not known yet, linked through next_: 2 * step + 0 or 1, as in Step::ways.
   struct Open {
     int head;
     int tail;
@@ -127,8 +126,8 @@ class ExprEval::Condition::Builder {
     int const number = static_cast<int>(steps_.size());
     steps_.push_back(StepFor(part));
     next_.resize(2 * steps_.size(), kEnd);
-    Open const ifTrue{2 * number, 2 * number};
-    Open const ifFalse{2 * number + 1, 2 * number + 1};
+    Open const ifFalse{2 * number, 2 * number};
+    Open const ifTrue{2 * number + 1, 2 * number + 1};
     bool const negated = steps_.back().isNegated;
     return {number,
             number,
@@ -176,20 +175,18 @@ class ExprEval::Condition::Builder {
   void Patch(Open const& open, int target) {
     for (int way = open.head; way != kEnd; way = next_[static_cast<std::size_t>(way)]) {
       Step& step = steps_[static_cast<std::size_t>(way / 2)];
-      (way % 2 == 0 ? step.ifTrue : step.ifFalse) = target;
+      step.ways[way % 2] = target;
     }
   }
 
   // Unknown must come to what fails, on whichever side of NOT.
   void Finish(Step& step) {
-    int const whenTrue = step.isNegated ? step.ifFalse : step.ifTrue;
-    int const whenFalse = step.isNegated ? step.ifTrue : step.ifFalse;
-    step.ifUnknown = step.isUnderNot ? whenTrue : whenFalse;
+    step.ifUnknown = step.ways[step.isUnderNot != step.isNegated];
     if (options_.nullIsUnknown) {
       step.ifNull = step.ifUnknown;
     } else {
       // Null is less than everything else.
-      step.ifNull = step.test == Test::kColumnLess ? step.ifTrue : step.ifFalse;
+      step.ifNull = step.ways[step.test == Test::kColumnLess];
     }
   }
 

@@ -14,7 +14,7 @@
 
 namespace fdo {
 
-class ExprEval::Machine {
+class QUILLON_LOCAL ExprEval::Machine {
  public:
   Machine(std::vector<OpRec> program, ExprOptions const& options, bool isFilter, bool callsFit);
   ~Machine();

@@ -152,8 +152,8 @@ class QUILLON_EXPORT ExprEval {
 
  private:
   friend class ExprEvalTestPeer;
-  class Machine;
-  class Condition;
+  class QUILLON_LOCAL Machine;
+  class QUILLON_LOCAL Condition;
 
   ExprEval(std::vector<OpRec> program, ExprOptions const& options, bool isFilter, bool callsFit);
   ExprEval(internal::CompiledTree&& compiled, ExprOptions const& options, bool isFilter);
