@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "testing/memory_provider/envelope.h"
+#include "FdoSpatial.h"
+#include "testing/memory_provider/function_evaluation.h"
 #include "testing/memory_provider/value_comparison.h"
 
 namespace memory_provider {
@@ -14,32 +15,6 @@ namespace {
 enum class Truth { kFalse, kTrue, kUnknown };
 
 Truth TruthOf(bool value) { return value ? Truth::kTrue : Truth::kFalse; }
-
-// Computes the numbers of an arithmetic expression.
-FdoLiteralValue* Calculate(FdoLiteralValue* left, FdoBinaryOperations operation, FdoLiteralValue* right) {
-  auto* a = dynamic_cast<FdoDataValue*>(left);
-  auto* b = dynamic_cast<FdoDataValue*>(right);
-  if (a == nullptr || b == nullptr) return nullptr;
-  if (a->GetDataType() == FdoDataType_String && b->GetDataType() == FdoDataType_String) {
-    if (operation != FdoBinaryOperations_Add) Refuse(L"Texts can only be joined.");
-    std::wstring const joined = std::wstring(static_cast<FdoStringValue*>(a)->GetString()) +
-                                static_cast<FdoStringValue*>(b)->GetString();
-    return FdoStringValue::Create(joined.c_str());
-  }
-  FdoPtr<FdoDoubleValue> x = FdoDoubleValue::Create(a);
-  FdoPtr<FdoDoubleValue> y = FdoDoubleValue::Create(b);
-  switch (operation) {
-    case FdoBinaryOperations_Add:
-      return FdoDoubleValue::Create(x->GetDouble() + y->GetDouble());
-    case FdoBinaryOperations_Subtract:
-      return FdoDoubleValue::Create(x->GetDouble() - y->GetDouble());
-    case FdoBinaryOperations_Multiply:
-      return FdoDoubleValue::Create(x->GetDouble() * y->GetDouble());
-    case FdoBinaryOperations_Divide:
-      return FdoDoubleValue::Create(x->GetDouble() / y->GetDouble());
-  }
-  Refuse(L"An unknown arithmetic operation cannot be evaluated.");
-}
 
 bool IsNullValue(FdoLiteralValue* value) {
   if (auto* data = dynamic_cast<FdoDataValue*>(value)) return data->IsNull();
@@ -81,6 +56,8 @@ class Evaluation : public FdoIFilterProcessor {
     FdoPtr<FdoLiteralValue> left = Value(filter.GetLeftExpression());
     FdoPtr<FdoLiteralValue> right = Value(filter.GetRightExpression());
     if (filter.GetOperation() == FdoComparisonOperations_Like) {
+      auto* date = dynamic_cast<FdoDateTimeValue*>(left.p);
+      if (date != nullptr) left = FdoStringValue::Create(DateText(date->GetDateTime()).c_str());
       auto* text = dynamic_cast<FdoStringValue*>(left.p);
       auto* pattern = dynamic_cast<FdoStringValue*>(right.p);
       truth_ = text == nullptr || pattern == nullptr
@@ -97,11 +74,13 @@ class Evaluation : public FdoIFilterProcessor {
     FdoPtr<FdoIdentifier> name = filter.GetPropertyName();
     FdoLiteralValue* value = ValueOf(name);
     FdoPtr<FdoValueExpressionCollection> values = filter.GetValues();
+    // As one comparison after the other, joined by OR.
     truth_ = Truth::kFalse;
-    if (value == nullptr) truth_ = Truth::kUnknown;
-    for (FdoInt32 i = 0; value != nullptr && i < values->GetCount(); ++i) {
+    for (FdoInt32 i = 0; i < values->GetCount(); ++i) {
       FdoPtr<FdoLiteralValue> listed = Value(values->GetItem(i));
-      if (CompareLiterals(value, listed) == FdoCompareType_Equal) truth_ = Truth::kTrue;
+      Truth const same = Compared(CompareLiterals(value, listed), FdoComparisonOperations_EqualTo);
+      if (same == Truth::kTrue || truth_ == Truth::kFalse) truth_ = same;
+      if (truth_ == Truth::kTrue) return;
     }
   }
 
@@ -111,19 +90,22 @@ class Evaluation : public FdoIFilterProcessor {
   }
 
   void ProcessSpatialCondition(FdoSpatialCondition& filter) override {
-    if (filter.GetOperation() != FdoSpatialOperations_EnvelopeIntersects) {
-      Refuse(L"The memory provider evaluates no spatial operation but EnvelopeIntersects.");
-    }
-    FdoPtr<FdoIdentifier> name = filter.GetPropertyName();
-    FdoPtr<FdoLiteralValue> operand = Value(filter.GetGeometry());
-    auto* left = dynamic_cast<FdoGeometryValue*>(ValueOf(name));
-    auto* right = dynamic_cast<FdoGeometryValue*>(operand.p);
-    truth_ = left == nullptr || right == nullptr ? Truth::kUnknown
-                                                 : TruthOf(EnvelopeOf(*left).Meets(EnvelopeOf(*right)));
+    FdoPtr<FdoIGeometry> left;
+    FdoPtr<FdoIGeometry> right;
+    if (!Sides(filter, filter.GetGeometry(), left, right)) return;
+    truth_ = TruthOf(FdoSpatialUtility::Evaluate(left, filter.GetOperation(), right));
   }
 
-  void ProcessDistanceCondition(FdoDistanceCondition&) override {
-    Refuse(L"The memory provider evaluates no distances.");
+  // Positions nearer than the distance count as one.
+  void ProcessDistanceCondition(FdoDistanceCondition& filter) override {
+    FdoPtr<FdoIGeometry> left;
+    FdoPtr<FdoIGeometry> right;
+    if (!Sides(filter, filter.GetGeometry(), left, right)) return;
+    double const distance = filter.GetDistance();
+    FdoSpatialOperations const operation = FdoSpatialOperations_Intersects;
+    bool const near = distance > 0 ? FdoSpatialUtility::Evaluate(left, operation, right, distance)
+                                   : FdoSpatialUtility::Evaluate(left, operation, right);
+    truth_ = TruthOf(near == (filter.GetOperation() == FdoDistanceOperations_Within));
   }
 
   // Takes the reference over. Gives: one reference, or null for null.
@@ -142,6 +124,14 @@ class Evaluation : public FdoIFilterProcessor {
       FdoPtr<FdoLiteralValue> operand = Value(unary->GetExpression());
       return Calculate(zero, FdoBinaryOperations_Subtract, operand);
     }
+    if (auto* function = dynamic_cast<FdoFunction*>(expression.p)) {
+      FdoPtr<FdoExpressionCollection> given = function->GetArguments();
+      Arguments arguments;
+      for (FdoInt32 i = 0; i < given->GetCount(); ++i) {
+        arguments.push_back(FdoPtr<FdoLiteralValue>(Value(given->GetItem(i))));
+      }
+      return CallFunction(function->GetName(), arguments);
+    }
     if (auto* parameter = dynamic_cast<FdoParameter*>(expression.p)) {
       FdoPtr<FdoParameterValue> bound = parameters_->GetItem(parameter->GetName());
       FdoPtr<FdoLiteralValue> value = bound->GetValue();
@@ -152,7 +142,7 @@ class Evaluation : public FdoIFilterProcessor {
     if (auto* identifier = dynamic_cast<FdoIdentifier*>(expression.p)) {
       return FDO_SAFE_ADDREF(ValueOf(identifier));
     }
-    Refuse(L"The memory provider evaluates no functions and no sub-selects.");
+    Refuse(L"The memory provider evaluates no sub-selects.");
   }
 
  protected:
@@ -179,6 +169,26 @@ class Evaluation : public FdoIFilterProcessor {
         break;
     }
     return Truth::kUnknown;
+  }
+
+  // The two geometries of a condition; false, and the answer unknown, when one is null. Takes operand over.
+  bool Sides(FdoGeometricCondition& condition, FdoExpression* operand, FdoPtr<FdoIGeometry>& left,
+             FdoPtr<FdoIGeometry>& right) {
+    FdoPtr<FdoIdentifier> name = condition.GetPropertyName();
+    FdoPtr<FdoLiteralValue> constant = Value(operand);
+    left = GeometryOf(ValueOf(name));
+    right = GeometryOf(constant);
+    truth_ = Truth::kUnknown;
+    return left != nullptr && right != nullptr;
+  }
+
+  // Gives: one reference; null for null.
+  static FdoIGeometry* GeometryOf(FdoLiteralValue* value) {
+    auto* geometry = dynamic_cast<FdoGeometryValue*>(value);
+    if (geometry == nullptr) return nullptr;
+    FdoPtr<FdoByteArray> bytes = geometry->GetGeometry();
+    FdoPtr<FdoFgfGeometryFactory> factory = FdoFgfGeometryFactory::GetInstance();
+    return factory->CreateGeometryFromFgf(bytes);
   }
 
   // Borrowed: while the row lives. Null for null.

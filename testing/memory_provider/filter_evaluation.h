@@ -9,9 +9,8 @@ namespace memory_provider {
 
 // Whether the row is selected; without a filter every row is. A comparison with a null does not hold, and
 // neither does its negation.
-// Errors: FdoCommandException* for an unknown property, a parameter without a value, and for what this
-// provider does not evaluate: functions, sub-selects, distances, and spatial operations other than
-// EnvelopeIntersects.
+// Errors: FdoCommandException* for an unknown property or function, a parameter without a value, and for
+// sub-selects, which this provider does not evaluate.
 bool Holds(FdoFilter* filter, Table const& table, Row const& row, FdoParameterValueCollection* parameters);
 
 // The value of an expression for the row; a null pointer for null. Gives: one reference.

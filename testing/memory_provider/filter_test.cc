@@ -46,6 +46,15 @@ TEST_F(MemoryFilter, SelectsWhatHolds) {
       {L"Id + 1 = 3", "2"},
       {L"Lanes * 2 - 1 > Id + 5", "1"},
       {L"-Id < -2", "3"},
+      {L"Id / 2 = 1", "2,3"},
+      {L"Id / 0 = 1 OR Id = 2", "2"},
+      {L"Id IN (1, NULL)", "1"},
+      {L"NOT Id IN (1, NULL)", ""},
+      {L"Id = '2'", "2"},
+      {L"Upper(Name) = 'SIDE'", "3"},
+      {L"Shape CONTAINS GeomFromText('POINT (0 0)')", "1"},
+      {L"Shape WITHINDISTANCE GeomFromText('POINT (0 3)') 3", "1"},
+      {L"Shape BEYOND GeomFromText('POINT (0 3)') 3", "2"},
   };
   for (Case const& c : cases) EXPECT_EQ(Ids(c.filter), c.ids) << FdoStringP(c.filter).operator char const*();
 }
@@ -92,8 +101,7 @@ TEST_F(MemoryFilter, ParametersTakeTheirValues) {
 
 TEST_F(MemoryFilter, WhatCannotBeEvaluatedIsRefused) {
   for (FdoString* filter :
-       {L"Width = 1", L"Upper(Name) = 'HIGH'", L"Shape WITHIN GeomFromText('POINT (0 0)')",
-        L"Shape BEYOND GeomFromText('POINT (0 0)') 3"}) {
+       {L"Width = 1", L"Soundex(Name) = 'H200'", L"Id IN (SELECT Id FROM Street)", L"Name - Name = 'x'"}) {
     fdo_sdk::MessageThrownBy<FdoCommandException>([&] { Ids(filter); });
   }
 }

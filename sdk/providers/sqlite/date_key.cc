@@ -11,7 +11,9 @@ std::string DateTextOf(FdoDateTime const& value) {
 
 std::string DateKeyOf(FdoDateTime const& value) {
   std::string text = DateTextOf(value);
-  if (value.year > 9999 && !text.empty()) text.insert(text.begin(), ':');
+  if (text.empty()) return text;
+  if (value.year > 9999) text.insert(text.begin(), ':');
+  if (value.year == -1) text.insert(text.begin(), ' ');
   return text;
 }
 

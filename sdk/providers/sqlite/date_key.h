@@ -1,6 +1,6 @@
-// A date key is the text as which a date-time compares with others: that of date_text.h, with a colon before
-// years of five digits, because a colon sorts behind every digit. So a date stands before every time of its
-// day, and times without a date stand among themselves.
+// A date key is the text as which a date-time compares with others: that of date_text.h, with a blank before
+// times that have no date, and a colon before years of five digits, because the one sorts before every digit
+// and the other behind. So times come first, and a date comes before every time of its day.
 #ifndef SDK_PROVIDERS_SQLITE_DATE_KEY_H_
 #define SDK_PROVIDERS_SQLITE_DATE_KEY_H_
 

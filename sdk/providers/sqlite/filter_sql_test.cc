@@ -128,7 +128,7 @@ TEST_F(FilterSqlTest, BecomesTheseConditions) {
       {L"Name > DATE '2024-03-01'", "fdo_date_key(\"Name\") > {'2024-03-01'}"},
       {L"Built < DATE '12024-03-01'", "fdo_date_key(\"Built\") < {':12024-03-01'}"},
       {L"Built IN (DATE '2024-03-01', TIME '10:00:00')",
-       "fdo_date_key(\"Built\") IN ({'2024-03-01'}, {'10:00:00'})"},
+       "fdo_date_key(\"Built\") IN ({'2024-03-01'}, {' 10:00:00'})"},
       {L"Data = BLOB '00FF'", "\"Data\" = {2 bytes}"},
       // Arithmetic; a column of decimals may hold integers.
       {L"Whole + 1 = Big * 2 - Tiny", "\"Whole\" + {1} = \"Big\" * {2} - \"Tiny\""},
