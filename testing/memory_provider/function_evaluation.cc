@@ -146,6 +146,10 @@ constexpr Function kOfValues[] = {
      [](Arguments const& a) {
        return IsWholeNumber(a[0]) ? Whole(WholeOf(a[0])) : Cut(Number(a[0]), kTwoTo63);
      }},
+    {L"todate",
+     [](Arguments const& a) -> FdoLiteralValue* {
+       return IsText(a[0]) ? DateInText(TextOf(a[0])) : FDO_SAFE_ADDREF(a[0].p);
+     }},
     {L"sin", [](Arguments const& a) { return Real(std::sin(RealOf(a[0]))); }},
     {L"atan2", [](Arguments const& a) { return Real(std::atan2(RealOf(a[0]), RealOf(a[1]))); }},
     {L"sqrt", [](Arguments const& a) { return Real(std::sqrt(RealOf(a[0]))); }},
@@ -271,12 +275,15 @@ FdoLiteralValue* Calculate(FdoLiteralValue* left, FdoBinaryOperations operation,
 }
 
 FdoLiteralValue* CallFunction(std::wstring const& name, Arguments const& arguments) {
-  FdoStringP const sought(name.c_str());
+  std::wstring sought = name;
+  for (wchar_t& unit : sought) {
+    if (unit >= L'A' && unit <= L'Z') unit = static_cast<wchar_t>(unit - L'A' + L'a');
+  }
   for (Function const& function : kOfNulls) {
-    if (sought.ICompare(function.name) == 0) return function.call(arguments);
+    if (sought == function.name) return function.call(arguments);
   }
   for (Function const& function : kOfValues) {
-    if (sought.ICompare(function.name) != 0) continue;
+    if (sought != function.name) continue;
     for (FdoPtr<FdoLiteralValue> const& argument : arguments) {
       if (argument == nullptr) return nullptr;
     }

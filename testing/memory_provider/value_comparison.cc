@@ -54,7 +54,7 @@ std::string Narrow(FdoDataValue* text) {
   return static_cast<char const*>(FdoStringP(static_cast<FdoStringValue*>(text)->GetString()));
 }
 
-// The number or date that a text is. Gives: one reference; null when it is none.
+// The number that a text is. Gives: one reference; null when it is none.
 FdoDataValue* AsNumber(std::string text) {
   text.erase(0, text.find_first_not_of(" \t\r\n"));
   text.erase(text.find_last_not_of(" \t\r\n") + 1);
@@ -67,22 +67,6 @@ FdoDataValue* AsNumber(std::string text) {
   if (read.ec == std::errc() && read.ptr == end) return FdoInt64Value::Create(whole);
   read = std::from_chars(text.data(), end, real);
   if (read.ec == std::errc() && read.ptr == end) return FdoDoubleValue::Create(real);
-  return nullptr;
-}
-
-FdoDataValue* AsDate(std::string text) {
-  for (char& unit : text) {
-    if (unit == 'T') unit = ' ';
-  }
-  bool const hasDate = text.find('-') != std::string::npos;
-  bool const hasTime = text.find(':') != std::string::npos;
-  char const* const word = hasDate && hasTime ? "TIMESTAMP" : hasDate ? "DATE" : "TIME";
-  try {
-    FdoPtr<FdoExpression> literal = FdoExpression::Parse(FdoStringP((word + (" '" + text) + "'").c_str()));
-    if (auto* date = dynamic_cast<FdoDateTimeValue*>(literal.p)) return FDO_SAFE_ADDREF(date);
-  } catch (FdoException* failure) {
-    failure->Release();
-  }
   return nullptr;
 }
 
@@ -171,6 +155,24 @@ std::wstring DateText(FdoDateTime const& value) {
   return static_cast<FdoString*>(FdoStringP(text));
 }
 
+FdoDataValue* DateInText(std::wstring const& text) {
+  std::wstring parts = text;
+  for (wchar_t& unit : parts) {
+    if (unit == L'T') unit = L' ';
+  }
+  if (parts.empty() || parts[0] < L'0' || parts[0] > L'9') return nullptr;  // what parsing finds out slowly
+  bool const hasDate = parts.find(L'-') != std::wstring::npos;
+  bool const hasTime = parts.find(L':') != std::wstring::npos;
+  std::wstring const word = hasDate && hasTime ? L"TIMESTAMP" : hasDate ? L"DATE" : L"TIME";
+  try {
+    FdoPtr<FdoExpression> literal = FdoExpression::Parse((word + L" '" + parts + L"'").c_str());
+    if (auto* date = dynamic_cast<FdoDateTimeValue*>(literal.p)) return FDO_SAFE_ADDREF(date);
+  } catch (FdoException* failure) {
+    failure->Release();
+  }
+  return nullptr;
+}
+
 FdoCompareType CompareLiterals(FdoLiteralValue* left, FdoLiteralValue* right) {
   auto* a = dynamic_cast<FdoDataValue*>(left);
   auto* b = dynamic_cast<FdoDataValue*>(right);
@@ -180,9 +182,10 @@ FdoCompareType CompareLiterals(FdoLiteralValue* left, FdoLiteralValue* right) {
   if (IsNumber(typeA) && IsNumber(typeB)) return OrderNumbers(a, b);
   if (typeB == FdoDataType_String && typeA != FdoDataType_String) return Reversed(CompareLiterals(b, a));
   if (typeA == FdoDataType_String && typeB != FdoDataType_String) {
-    FdoPtr<FdoDataValue> const read = typeB == FdoDataType_DateTime ? AsDate(Narrow(a))
-                                      : IsNumber(typeB)             ? AsNumber(Narrow(a))
-                                                                    : nullptr;
+    FdoPtr<FdoDataValue> const read = typeB == FdoDataType_DateTime
+                                          ? DateInText(static_cast<FdoStringValue*>(a)->GetString())
+                                      : IsNumber(typeB) ? AsNumber(Narrow(a))
+                                                        : nullptr;
     return CompareLiterals(read, b);
   }
   if (typeA != typeB) return FdoCompareType_Undefined;

@@ -23,6 +23,10 @@ double RealOf(FdoLiteralValue* value);
 // 2024-03-01T14:30:05.500, or its date or time alone; three decimals or more, and none for whole seconds.
 std::wstring DateText(FdoDateTime const& value);
 
+// The date-time that a text of that form is; a blank may stand for the T, and seconds may be left out.
+// Gives: one reference; null when it is none.
+FdoDataValue* DateInText(std::wstring const& text);
+
 // The wildcards of LIKE: % any run, _ one character, [abc] and [a-f] one of, [^abc] none of.
 bool MatchesPattern(wchar_t const* text, wchar_t const* pattern);
 

@@ -88,23 +88,20 @@ SqlFragment InSql(FdoInCondition& condition, SqlScope const& scope) {
   SqlValue const property = TranslateExpression(*name, scope);
   FdoInt32 const count = values == nullptr ? 0 : values->GetCount();
   if (count == 0) return SqlFragment("0");
-  SqlKind as = property.kind;
+  // Each value says as what the property is compared with it: a text with a number as a number.
+  SqlKind as = SqlKind::kNull;
   std::vector<SqlValue> listed;
   for (FdoInt32 i = 0; i < count; ++i) {
     FdoPtr<FdoValueExpression> const value = values->GetItem(i);
     if (value == nullptr) Refuse(L"A value of a list is missing.");
     listed.push_back(TranslateExpression(*value, scope));
-    if (SqlKind const pair = ComparedAs(property, listed.back()); pair != SqlKind::kNull) as = pair;
+    SqlKind const pair = ComparedAs(property, listed.back());
+    if (listed.back().kind == SqlKind::kNull) continue;
+    if (as != SqlKind::kNull && as != pair) Refuse(L"The values of a list must be of one kind.");
+    as = pair;
   }
+  if (as == SqlKind::kNull) as = property.kind;
   SqlFragment made("", SqlPower::kComparison);
-  // Every value is compared as the property is with the ones of another kind: a text with numbers as a
-  // number.
-  for (SqlValue const& value : listed) {
-    SqlKind const pair = ComparedAs(property, value);
-    if (pair != as && value.kind != SqlKind::kNull && !(IsNumber(pair) && IsNumber(as))) {
-      Refuse(L"The values of a list must be of one kind.");
-    }
-  }
   SqlFragment sought = Comparable(property, as);
   if (as == SqlKind::kText) sought = Collated(sought);
   made.AddWithin(sought, SqlPower::kSum, 0);

@@ -120,6 +120,8 @@ TEST_F(FilterSqlTest, BecomesTheseConditions) {
       {L"Whole = '5'", "\"Whole\" = {5}"},
       {L"Whole = ' 5.50 '", "\"Whole\" = {5.5}"},
       {L"Name = 5", "fdo_number(\"Name\") = {5}"},
+      {L"Name IN (DATE '2024-03-01', NULL)", "fdo_date_key(\"Name\") IN ({'2024-03-01'}, {null})"},
+      {L"Whole IN (5, 5.5, TRUE)", "\"Whole\" IN ({5}, {5.5}, {1})"},
       {L"Name IN (5, 6)", "fdo_number(\"Name\") IN ({5}, {6})"},
       // Dates compare by one text form, whatever forms the file has.
       {L"Built >= DATE '2024-03-01'", "fdo_date_key(\"Built\") >= {'2024-03-01'}"},
@@ -196,6 +198,8 @@ TEST_F(FilterSqlTest, IsRefusedWithTheReason) {
        L"The function \"If\" needs a Boolean, a whole number or a text as its condition."},
       {L"If(Flag, 1, 'x') = 1",
        L"The function \"If\" gives either a number or a text; its results must be of one kind."},
+      {L"If(Flag, 1, TRUE) = 1",
+       L"The function \"If\" gives either a number or a Boolean; its results must be of one kind."},
       {L"Whole = 'five'", L"A number is compared with the text \"five\", which is no number."},
       {L"Built = 'soon'", L"A date is compared with the text \"soon\", which is no date."},
       {L"Built = 5", L"What cannot be compared: a date with a number."},

@@ -81,6 +81,8 @@ void WriteConcat(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlVa
   result.sql = SqlFragment::Call("fdo_concat", parts);
 }
 
+bool IsArithmetic(SqlKind kind) { return kind == SqlKind::kInteger || kind == SqlKind::kReal; }
+
 // The results of If, Lookup and NullValue are of one kind, so that it is known how they compare.
 void SetCommonKind(FunctionRow const& row, std::vector<SqlValue const*> const& choices, SqlValue& result) {
   for (SqlValue const* choice : choices) {
@@ -89,9 +91,9 @@ void SetCommonKind(FunctionRow const& row, std::vector<SqlValue const*> const& c
     if (result.kind == SqlKind::kNull) {
       result.kind = choice->kind;
       result.type = choice->type;
-    } else if (IsNumber(result.kind) && IsNumber(choice->kind)) {
+    } else if (IsArithmetic(result.kind) && IsArithmetic(choice->kind)) {
       bool const isReal = result.kind == SqlKind::kReal || choice->kind == SqlKind::kReal;
-      if (result.kind != choice->kind) result.kind = isReal ? SqlKind::kReal : SqlKind::kInteger;
+      if (isReal) result.kind = SqlKind::kReal;
       if (result.type != choice->type) result.type = isReal ? FdoDataType_Double : FdoDataType_Int64;
     } else if (result.kind != choice->kind) {
       Refuse(Named(row) + L" gives either " + NameOf(result.kind) + L" or " + NameOf(choice->kind) +
