@@ -67,6 +67,10 @@ void OGR_F_SetFieldString(OGRFeatureH feature, int field, char const* value);
 void OGR_F_SetFieldDateTimeEx(OGRFeatureH feature, int field, int year, int month, int day, int hour,
                               int minute, float second, int timeZone);
 
+struct OgrEnvelope {
+  double minX, maxX, minY, maxY;
+};
+void OGR_G_GetEnvelope(OGRGeometryH geometry, OgrEnvelope* envelope);
 int OGR_G_WkbSize(OGRGeometryH geometry);
 int OGR_G_ExportToWkb(OGRGeometryH geometry, int byteOrder, unsigned char* out);
 int OGR_G_CreateFromWkb(void const* wkb, OGRSpatialReferenceH srs, OGRGeometryH* geometry, int length);

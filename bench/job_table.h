@@ -16,6 +16,13 @@ Sides EvalOgrJob(Workbench const& bench, std::string_view data);
 Sides EvalSpatialJob(Workbench const& bench, std::string_view data);
 Sides EvalSqliteJob(Workbench const& bench, std::string_view data);
 Sides EvalVariantJob(Workbench const& bench, std::string_view data);
+Sides FdoByIdJob(Workbench const& bench, std::string_view data);
+Sides FdoFilterJob(Workbench const& bench, std::string_view data);
+Sides FdoInsertJob(Workbench const& bench, std::string_view data);
+Sides FdoInsertVsOgrJob(Workbench const& bench, std::string_view data);
+Sides FdoLazyJob(Workbench const& bench, std::string_view data);
+Sides FdoScanJob(Workbench const& bench, std::string_view data);
+Sides FdoScanVsOgrJob(Workbench const& bench, std::string_view data);
 Sides FgfBoxJob(Workbench const& bench, std::string_view data);
 Sides FgfToWkbJob(Workbench const& bench, std::string_view data);
 Sides GeometryFromFgfJob(Workbench const& bench, std::string_view data);
@@ -26,6 +33,11 @@ Sides PoolJob(Workbench const& bench, std::string_view data);
 Sides RssGrowthJob(Workbench const& bench, std::string_view data);
 Sides SpatialEvaluateJob(Workbench const& bench, std::string_view data);
 Sides StartJob(Workbench const& bench, std::string_view data);
+Sides StatsDistinctJob(Workbench const& bench, std::string_view data);
+Sides StatsExtentJob(Workbench const& bench, std::string_view data);
+Sides StatsMeanJob(Workbench const& bench, std::string_view data);
+Sides StatsMedianJob(Workbench const& bench, std::string_view data);
+Sides StatsMinMaxJob(Workbench const& bench, std::string_view data);
 Sides WkbToFgfJob(Workbench const& bench, std::string_view data);
 
 // Every job, in the order in which they run and are shown.

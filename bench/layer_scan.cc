@@ -1,5 +1,7 @@
 #include "bench/layer_scan.h"
 
+#include <algorithm>
+#include <cfloat>
 #include <stdexcept>
 
 #include "bench/cell_checksum.h"
@@ -91,6 +93,31 @@ Work LayerScan::ReadField(char const* name) {
     OGR_F_Destroy(feature);
     ++work.amount;
   }
+  return work;
+}
+
+Work LayerScan::Measure() {
+  std::vector<char const*> ignored;
+  for (Field const& field : fields_) ignored.push_back(field.name.c_str());
+  ignored.push_back(nullptr);
+
+  Work work;
+  OgrEnvelope all{DBL_MAX, -DBL_MAX, DBL_MAX, -DBL_MAX};
+  OGR_L_SetIgnoredFields(layer_, ignored.data());
+  OGR_L_ResetReading(layer_);
+  while (OGRFeatureH const feature = OGR_L_GetNextFeature(layer_)) {
+    if (OGRGeometryH const geometry = OGR_F_GetGeometryRef(feature)) {
+      OgrEnvelope box;
+      OGR_G_GetEnvelope(geometry, &box);
+      all.minX = std::min(all.minX, box.minX);
+      all.maxX = std::max(all.maxX, box.maxX);
+      all.minY = std::min(all.minY, box.minY);
+      all.maxY = std::max(all.maxY, box.maxY);
+    }
+    OGR_F_Destroy(feature);
+    ++work.amount;
+  }
+  for (double const ordinate : {all.minX, all.minY, all.maxX, all.maxY}) work.checksum += OfReal(ordinate);
   return work;
 }
 

@@ -22,6 +22,8 @@ class LayerScan {
   // Reads that field and ignores the others and the geometry.
   // Errors: std::runtime_error when there is no such field.
   Work ReadField(char const* name);
+  // Reads the geometries alone and gives the box of all.
+  Work Measure();
 
  private:
   struct Field {

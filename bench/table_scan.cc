@@ -1,7 +1,6 @@
 #include "bench/table_scan.h"
 
 #include <stdexcept>
-#include <vector>
 
 #include "bench/cell_checksum.h"
 
@@ -31,21 +30,32 @@ std::uint64_t CellChecksum(Value const& cell, ColumnDef::DataType type) {
 
 }  // namespace
 
-Work ScanTable(Table& table) {
-  int const columnCount = table.Def()->ColumnCount();
-  std::vector<ColumnDef::DataType> types;
-  for (int i = 0; i < columnCount; ++i) types.push_back((*table.Def())[i].Type());
+RowChecksum::RowChecksum(TableDef const& def) {
+  for (int i = 0; i < def.ColumnCount(); ++i) types_.push_back(def[i].Type());
+}
 
+std::uint64_t RowChecksum::Of(Row const& row) const {
+  std::uint64_t sum = 0;
+  for (std::size_t i = 0; i < types_.size(); ++i) {
+    sum += CellChecksum(row[static_cast<int>(i)], types_[i]);
+  }
+  return sum;
+}
+
+Work ScanRest(Table& table) {
+  RowChecksum const checksum(*table.Def());
   Work work;
-  table.SetDesiredFields(static_cast<int const*>(nullptr), 0);
-  table.Query();
   while (Row const* const row = table.Next()) {
-    for (int i = 0; i < columnCount; ++i) {
-      work.checksum += CellChecksum((*row)[i], types[static_cast<std::size_t>(i)]);
-    }
+    work.checksum += checksum.Of(*row);
     ++work.amount;
   }
   return work;
+}
+
+Work ScanTable(Table& table) {
+  table.SetDesiredFields(static_cast<int const*>(nullptr), 0);
+  table.Query();
+  return ScanRest(table);
 }
 
 Work ScanColumn(Table& table, wchar_t const* column) {

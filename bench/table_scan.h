@@ -4,9 +4,25 @@
 
 #include <fdo/database.h>
 
+#include <vector>
+
 #include "bench/job.h"
 
 namespace fdo::bench {
+
+// What the cells of a row add up to; every one is read.
+// Errors: std::runtime_error for a column of a type that the data does not have.
+class RowChecksum {
+ public:
+  explicit RowChecksum(TableDef const& def);
+  std::uint64_t Of(Row const& row) const;
+
+ private:
+  std::vector<ColumnDef::DataType> types_;
+};
+
+// Reads every cell of the rows that the running query still gives.
+Work ScanRest(Table& table);
 
 // Reads every cell.
 // Errors: std::runtime_error for a column of a type that the data does not have.

@@ -1,7 +1,9 @@
 #include "bench/vector_files.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/gdal_c_interface.h"
@@ -87,40 +89,60 @@ void SetFields(OGRFeatureH feature, SeededRow const& row) {
   OGR_F_SetFieldInteger(feature, 5, row.flag ? 1 : 0);
 }
 
-void WriteFeatures(OGRLayerH layer, Shape shape, std::uint64_t seed, std::int64_t count) {
-  SeededRows rows(seed, shape);
-  std::vector<unsigned char> wkb;
-  OGRFeatureDefnH const definition = Made(OGR_L_GetLayerDefn(layer), "definition");
-  for (std::int64_t i = 0; i < count; ++i) {
-    SeededRow const& row = rows.Next();
-    OgrFeature const feature(Made(OGR_F_Create(definition), "feature"));
+// Writes rows into a layer, one after another.
+class FeatureWriter {
+ public:
+  FeatureWriter(OGRLayerH layer, Shape shape)
+      : layer_(layer), definition_(Made(OGR_L_GetLayerDefn(layer), "definition")), shape_(shape) {}
+
+  void Write(SeededRow const& row) {
+    OgrFeature const feature(Made(OGR_F_Create(definition_), "feature"));
     SetFields(feature.get(), row);
-    wkb.clear();
-    AppendWkb(row, shape, wkb);
+    wkb_.clear();
+    AppendWkb(row, shape_, wkb_);
     OGRGeometryH geometry = nullptr;
-    Done(OGR_G_CreateFromWkb(wkb.data(), nullptr, &geometry, static_cast<int>(wkb.size())),
+    Done(OGR_G_CreateFromWkb(wkb_.data(), nullptr, &geometry, static_cast<int>(wkb_.size())),
          "read a geometry");
     Done(OGR_F_SetGeometryDirectly(feature.get(), geometry), "set a geometry");
-    Done(OGR_L_CreateFeature(layer, feature.get()), "write a row");
+    Done(OGR_L_CreateFeature(layer_, feature.get()), "write a row");
   }
-}
 
-void WriteVectorFile(std::filesystem::path const& path, VectorData const& data, Workbench const& bench) {
+ private:
+  OGRLayerH layer_;
+  OGRFeatureDefnH definition_;
+  Shape shape_;
+  std::vector<unsigned char> wkb_;
+};
+
+// A new file with one layer.
+struct NewFile {
+  GdalDataset dataset;
+  OGRLayerH layer;
+};
+
+NewFile CreateVectorFile(std::filesystem::path const& path, VectorData const& data) {
   GDALAllRegister();
   Format const& format = data.format;
   GDALDriverH const driver = Made(GDALGetDriverByName(format.driver), format.driver);
   constexpr int kUnknownDataType = 0;  // there is no raster
-  GdalDataset const dataset(
+  GdalDataset dataset(
       Made(GDALCreate(driver, path.string().c_str(), 0, 0, 0, kUnknownDataType, nullptr), "data source"));
   OGRLayerH const layer =
       Made(GDALDatasetCreateLayer(dataset.get(), "rows", nullptr,
                                   data.shape == Shape::kPoint ? kWkbPoint : kWkbPolygon, format.layerOptions),
            "layer");
   CreateFields(layer, format);
+  return {std::move(dataset), layer};
+}
+
+void WriteVectorFile(std::filesystem::path const& path, VectorData const& data, Workbench const& bench) {
+  NewFile const file = CreateVectorFile(path, data);
   // Only some formats have transactions; those are slow without.
-  bool const inTransaction = GDALDatasetStartTransaction(dataset.get(), 0) == kOgrErrNone;
-  WriteFeatures(layer, data.shape, bench.seed, bench.rows);
-  if (inTransaction) Done(GDALDatasetCommitTransaction(dataset.get()), "commit");
+  bool const inTransaction = GDALDatasetStartTransaction(file.dataset.get(), 0) == kOgrErrNone;
+  SeededRows rows(bench.seed, data.shape);
+  FeatureWriter writer(file.layer, data.shape);
+  for (std::int64_t i = 0; i < bench.rows; ++i) writer.Write(rows.Next());
+  if (inTransaction) Done(GDALDatasetCommitTransaction(file.dataset.get()), "commit");
 }
 
 std::string DirectoryName(VectorData const& data, Workbench const& bench) {
@@ -146,6 +168,21 @@ std::filesystem::path VectorFile(Workbench const& bench, std::string_view name) 
     std::filesystem::rename(partial, directory);
   }
   return directory / data.format.fileName;
+}
+
+void WriteVectorFile(std::filesystem::path const& path, std::string_view name,
+                     std::span<KeptRow const> rows) {
+  VectorData const& data = FindVectorData(name);
+  NewFile const file = CreateVectorFile(path, data);
+  FeatureWriter writer(file.layer, data.shape);
+  constexpr std::size_t kBatch = 10'000;
+  for (std::size_t begin = 0; begin < rows.size(); begin += kBatch) {
+    Done(GDALDatasetStartTransaction(file.dataset.get(), 0), "begin");
+    for (KeptRow const& kept : rows.subspan(begin, std::min(kBatch, rows.size() - begin))) {
+      writer.Write(kept.row);
+    }
+    Done(GDALDatasetCommitTransaction(file.dataset.get()), "commit");
+  }
 }
 
 }  // namespace fdo::bench

@@ -2,8 +2,10 @@
 #define BENCH_VECTOR_FILES_H_
 
 #include <filesystem>
+#include <span>
 #include <string_view>
 
+#include "bench/kept_rows.h"
 #include "bench/workbench.h"
 
 namespace fdo::bench {
@@ -15,6 +17,10 @@ namespace fdo::bench {
 // data is one of: "gpkg points", "gpkg polygons", and the same with "fgb" and "shp".
 // Errors: std::invalid_argument for any other data, std::runtime_error when the file cannot be made.
 std::filesystem::path VectorFile(Workbench const& bench, std::string_view data);
+
+// Writes the rows as a new file of that data, in transactions of 10,000.
+// Errors: as above.
+void WriteVectorFile(std::filesystem::path const& path, std::string_view data, std::span<KeptRow const> rows);
 
 }  // namespace fdo::bench
 

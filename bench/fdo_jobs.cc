@@ -1,0 +1,148 @@
+// Tables of a SQLite store through the library, against loops over SQLite and GDAL.
+#include <Fdo.h>
+
+#include <algorithm>
+#include <memory>
+#include <random>
+#include <stdexcept>
+#include <vector>
+
+#include "bench/cell_checksum.h"
+#include "bench/job_table.h"
+#include "bench/layer_scan.h"
+#include "bench/raw_sqlite.h"
+#include "bench/sqlite_store.h"
+#include "bench/table_scan.h"
+#include "bench/vector_files.h"
+
+namespace fdo::bench {
+namespace {
+
+// Both sides on one file.
+struct Stores {
+  std::shared_ptr<SqliteStore> ours;
+  std::shared_ptr<RawSqlite> raw;
+};
+
+Stores OpenStores(Workbench const& bench, std::string_view data) {
+  std::filesystem::path const file = SqliteFile(bench, data);
+  return {std::make_shared<SqliteStore>(file), std::make_shared<RawSqlite>(file)};
+}
+
+std::vector<std::int64_t> Ids(Workbench const& bench) {
+  constexpr std::size_t kLookUps = 20'000;
+  std::mt19937_64 random(bench.seed);
+  std::vector<std::int64_t> ids(kLookUps);
+  for (std::int64_t& id : ids) {
+    id = 1 + static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(bench.rows));
+  }
+  return ids;
+}
+
+// Of 200 million possible numbers those above 80: a tenth of the rows.
+constexpr wchar_t kFilter[] = L"narrow > 79999999";
+constexpr char kCondition[] = "narrow > 79999999";
+
+// A tenth of the rows, as writing is slower than reading.
+std::int64_t WrittenRows(Workbench const& bench) { return std::max<std::int64_t>(bench.rows / 10, 1); }
+
+Work Written(std::int64_t rows) { return {static_cast<double>(rows), static_cast<std::uint64_t>(rows)}; }
+
+}  // namespace
+
+Sides FdoScanJob(Workbench const& bench, std::string_view data) {
+  Stores const stores = OpenStores(bench, data);
+  return {[=] { return ScanTable(stores.ours->Rows()); }, [=] { return stores.raw->ReadAll(""); }};
+}
+
+Sides FdoScanVsOgrJob(Workbench const& bench, std::string_view data) {
+  auto const ours = std::make_shared<SqliteStore>(SqliteFile(bench, data));
+  auto const layer = std::make_shared<LayerScan>(VectorFile(bench, "gpkg " + std::string(data)));
+  return {[=] { return ScanTable(ours->Rows()); }, [=] { return layer->ReadAll(); }};
+}
+
+Sides FdoLazyJob(Workbench const& bench, std::string_view data) {
+  Stores const stores = OpenStores(bench, data);
+  auto const ours = [=] {
+    Table& table = stores.ours->Rows();
+    int const narrow = table.Def()->IndexOf(L"narrow");
+    int const word = table.Def()->IndexOf(L"word");
+    Work work;
+    table.Query();
+    while (Row const* const row = table.Next()) {
+      work.checksum += OfInteger(static_cast<__int64>((*row)[narrow]));
+      work.checksum += OfCharacter(static_cast<std::uint32_t>(static_cast<wchar_t const*>((*row)[word])[0]));
+      ++work.amount;
+    }
+    return work;
+  };
+  return {ours, [=] { return stores.raw->ReadAllSumTwo(); }};
+}
+
+Sides FdoFilterJob(Workbench const& bench, std::string_view data) {
+  Stores const stores = OpenStores(bench, data);
+  auto const ours = [=] {
+    FdoPtr<FdoFilter> const filter = FdoFilter::Parse(kFilter);
+    stores.ours->Rows().Query(filter, nullptr, true);
+    return ScanRest(stores.ours->Rows());
+  };
+  return {ours, [=] { return stores.raw->ReadAll(kCondition); }};
+}
+
+Sides FdoByIdJob(Workbench const& bench, std::string_view data) {
+  Stores const stores = OpenStores(bench, data);
+  auto const ids = std::make_shared<std::vector<std::int64_t> const>(Ids(bench));
+  auto const ours = [=] {
+    RowChecksum const checksum(*stores.ours->Rows().Def());
+    Work work;
+    for (std::int64_t const id : *ids) {
+      Row const* const row = stores.ours->Rows().Query(id);
+      if (row == nullptr) throw std::runtime_error("a row is missing");
+      work.checksum += checksum.Of(*row);
+      ++work.amount;
+    }
+    stores.ours->Rows().EndQuery();
+    return work;
+  };
+  return {ours, [=] { return stores.raw->LookUp(*ids); }};
+}
+
+Sides FdoInsertJob(Workbench const& bench, std::string_view data) {
+  Shape const shape = ShapeOf(data);
+  std::int64_t const count = WrittenRows(bench);
+  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeepRows(bench.seed, shape, count));
+  std::filesystem::path const file = bench.dataDirectory / "written.sqlite";
+  std::filesystem::create_directories(bench.dataDirectory);
+  auto const ours = [=] {
+    SqliteStore::Create(file).Insert(*rows, shape);
+    return Written(count);
+  };
+  auto const raw = [=] {
+    // The same table, and nothing else that would have to be kept up with it.
+    SqliteStore::Create(file);
+    RawSqlite(file).Insert(*rows, shape, SqliteStore::kBatch);
+    return Written(count);
+  };
+  return {ours, raw};
+}
+
+Sides FdoInsertVsOgrJob(Workbench const& bench, std::string_view data) {
+  Shape const shape = ShapeOf(data);
+  std::int64_t const count = WrittenRows(bench);
+  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeepRows(bench.seed, shape, count));
+  std::filesystem::path const file = bench.dataDirectory / "written.sqlite";
+  std::filesystem::path const gpkg = bench.dataDirectory / "written.gpkg";
+  std::filesystem::create_directories(bench.dataDirectory);
+  auto const ours = [=] {
+    SqliteStore::Create(file).Insert(*rows, shape);
+    return Written(count);
+  };
+  auto const ogr = [=, name = "gpkg " + std::string(data)] {
+    std::filesystem::remove(gpkg);
+    WriteVectorFile(gpkg, name, *rows);
+    return Written(count);
+  };
+  return {ours, ogr};
+}
+
+}  // namespace fdo::bench

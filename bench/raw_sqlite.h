@@ -1,0 +1,55 @@
+// The peers: loops over SQLite's C interface, as a program without the library would write them.
+#ifndef BENCH_RAW_SQLITE_H_
+#define BENCH_RAW_SQLITE_H_
+
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "bench/job.h"
+#include "bench/kept_rows.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace fdo::bench {
+
+// A connection to a file whose table "rows" is as SqliteStore makes it.
+// Errors of all operations: std::runtime_error.
+class RawSqlite {
+ public:
+  explicit RawSqlite(std::filesystem::path const& path);
+
+  // Reads every cell of the rows that meet the condition, all of them for "".
+  Work ReadAll(std::string const& condition);
+  // The same, but only "narrow" and "word" add to the checksum.
+  Work ReadAllSumTwo();
+  // Reads every cell of the row of each identity, by one prepared statement.
+  Work LookUp(std::span<std::int64_t const> ids);
+  // Inserts the rows by one prepared statement, in transactions of that many.
+  Work Insert(std::span<KeptRow const> rows, Shape shape, std::size_t batch);
+  // The first row of a query of reals or texts; each column adds its number rounded to thousandths.
+  Work Aggregate(std::string const& sql, double amount);
+
+ private:
+  struct Close {
+    void operator()(sqlite3* database) const;
+  };
+  struct Finalize {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+  Statement Prepare(std::string const& sql);
+  void Run(char const* sql);
+
+  std::unique_ptr<sqlite3, Close> database_;
+};
+
+// A figure that both sides of a job calculate, each with roundings of its own.
+std::uint64_t OfFigure(double figure);
+
+}  // namespace fdo::bench
+
+#endif  // BENCH_RAW_SQLITE_H_
