@@ -177,6 +177,36 @@ std::unique_ptr<ContractStore> MakeFdoMemory(TableFixture const&, std::vector<Co
   return std::make_unique<FdoMemoryStore>(rows);
 }
 
+// A file of the SQLite provider, opened by its extension.
+class FdoSqliteStore : public ContractStore {
+ public:
+  explicit FdoSqliteStore(std::vector<ContractRow> const& rows) {
+    std::wstring const path = scratch_.File("town.sqlite");
+    EXPECT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
+    Open(path);
+    DatabaseDef def;
+    SetContractSchema(def);
+    EXPECT_TRUE(database_.SetSchema(def));
+    if (database_.Count() != 1) return;
+    InsertContractRows(database_[0], rows);
+    Open(path);
+  }
+  Database& Db() override { return database_; }
+
+ private:
+  void Open(std::wstring const& path) {
+    EXPECT_TRUE(database_.Connect(path.c_str(), nullptr, nullptr, /*mode=*/false, /*loadSchema=*/true));
+  }
+
+  ScratchDirectory scratch_;  // outlives the connection
+  DatabaseFdo database_;
+};
+
+std::unique_ptr<ContractStore> MakeFdoSqlite(TableFixture const&, std::vector<ContractRow> const& rows,
+                                             Access) {
+  return std::make_unique<FdoSqliteStore>(rows);
+}
+
 constexpr TableFixture kFdoMemory = {.name = "FdoMemory",
                                      .make = MakeFdoMemory,
                                      .fileName = nullptr,
@@ -194,6 +224,15 @@ constexpr TableFixture kFdoMemory = {.name = "FdoMemory",
                                      .updatesById = true,
                                      .updateHeedsFilter = true,
                                      .notDesired = NotDesired::kUndefined};
+
+constexpr TableFixture FdoSqlite() {
+  TableFixture fixture = kFdoMemory;
+  fixture.name = "FdoSqlite";
+  fixture.make = MakeFdoSqlite;
+  fixture.fileName = "town.sqlite";
+  fixture.schemaName = L"Default";
+  return fixture;
+}
 
 // --- All of them ---------------------------------------------------------------------------------
 
@@ -216,7 +255,7 @@ constexpr TableFixture kMemory = {.name = "Memory",
                                   .notDesired = NotDesired::kThrowsLogicError};
 
 constexpr TableFixture kFixtures[] = {
-    kMemory, kFdoMemory, Shapefile(), Gpkg(), GeoJson(), FlatGeobuf(), Csv(), Sqlite(),
+    kMemory, kFdoMemory, FdoSqlite(), Shapefile(), Gpkg(), GeoJson(), FlatGeobuf(), Csv(), Sqlite(),
 };
 
 INSTANTIATE_TEST_SUITE_P(Every, TableContract, ::testing::ValuesIn(kFixtures), TableFixtureName);
