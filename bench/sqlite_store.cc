@@ -1,5 +1,8 @@
 #include "bench/sqlite_store.h"
 
+#include <fdo/diagnostics.h>
+#include <fdo/text_conversion.h>
+
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
@@ -22,9 +25,26 @@ constexpr ColumnShape kColumns[] = {
 constexpr int kColumnCount = static_cast<int>(std::size(kColumns));
 constexpr int kGeometryColumn = kColumnCount - 1;
 
-void Done(bool done, char const* what) {
-  if (!done) throw std::runtime_error(std::string("the library cannot ") + what);
-}
+// Keeps the diagnostic lines of a stretch for the message of a failure. Without a registry of providers
+// there is one whenever a store is opened.
+class KeptDiagnostics {
+ public:
+  KeptDiagnostics() { SetDiagnosticHandler(&KeptDiagnostics::Keep, this); }
+  ~KeptDiagnostics() { SetDiagnosticHandler(nullptr, nullptr); }
+  KeptDiagnostics(KeptDiagnostics const&) = delete;
+  KeptDiagnostics& operator=(KeptDiagnostics const&) = delete;
+
+  void Done(bool done, char const* what) const {
+    if (!done) throw std::runtime_error(std::string("the library cannot ") + what + lines_);
+  }
+
+ private:
+  static void Keep(wchar_t const* line, void* context) {
+    static_cast<KeptDiagnostics*>(context)->lines_ += "; " + ToUtf8(line);
+  }
+
+  std::string lines_;
+};
 
 void DefineRows(DatabaseDef& def) {
   ColumnDef columns[kColumnCount];
@@ -44,18 +64,24 @@ void DefineRows(DatabaseDef& def) {
 SqliteStore::SqliteStore(std::filesystem::path const& path) { Open(path); }
 
 void SqliteStore::Open(std::filesystem::path const& path) {
+  KeptDiagnostics const diagnostics;
   database_ = std::make_unique<DatabaseFdo>();
-  Done(database_->Connect(path.wstring().c_str(), nullptr, nullptr, false, true), "open the file");
+  diagnostics.Done(database_->Connect(path.wstring().c_str(), nullptr, nullptr, false, true),
+                   "open the file");
 }
 
 SqliteStore SqliteStore::Create(std::filesystem::path const& path) {
   std::filesystem::remove(path);
-  Done(DatabaseFdo::Create(path.wstring().c_str(), nullptr), "make the file");
+  {
+    KeptDiagnostics const diagnostics;
+    diagnostics.Done(DatabaseFdo::Create(path.wstring().c_str(), nullptr), "make the file");
+  }
   SqliteStore store;
   store.Open(path);
   DatabaseDef def;
   DefineRows(def);
-  Done(store.database_->SetSchema(def), "make the table");
+  KeptDiagnostics const diagnostics;
+  diagnostics.Done(store.database_->SetSchema(def), "make the table");
   return store;
 }
 
@@ -78,7 +104,8 @@ void SqliteStore::Insert(std::span<KeptRow const> rows, Shape shape) {
       row[columns[5]].Reset(kept.moment.c_str(), /*copy=*/false);
       row[columns[6]].Reset(kept.row.flag);
       row[columns[7]].Reset(fgf.data(), static_cast<int>(fgf.size()), /*copy=*/false);
-      Done(table.Insert(row, nullptr, /*storeMakesId=*/true), "insert a row");
+      if (!table.Insert(row, nullptr, /*storeMakesId=*/true))
+        throw std::runtime_error("a row is not inserted");
     }
     table.CommitWrite();
   }
