@@ -14,6 +14,12 @@ std::string FormatNumber(SqlValue const& value) {
   return std::to_string(static_cast<int>(value.column->format));
 }
 
+// The value as its kind has it: a column of reals may hold integers, whose text and quotients are others.
+SqlFragment OfKind(FunctionRow const& row, SqlValue const& value) {
+  if (value.kind == SqlKind::kDate) return AsDate(value, Named(row));
+  return IsNumber(value.kind) ? AsNumber(value, Named(row)) : value.sql;
+}
+
 // Adds what the SQL function gets for one argument.
 void AddArgument(FunctionRow const& row, char takes, SqlValue const& value, std::vector<SqlFragment>& given) {
   std::wstring const of = Named(row);
@@ -47,7 +53,7 @@ void AddArgument(FunctionRow const& row, char takes, SqlValue const& value, std:
       if (value.kind == SqlKind::kGeometry || value.kind == SqlKind::kBytes) {
         Refuse(of + L" does not take " + NameOf(value.kind) + L".");
       }
-      given.push_back(value.kind == SqlKind::kDate ? AsDate(value, of) : value.sql);
+      given.push_back(OfKind(row, value));
   }
 }
 
@@ -102,12 +108,6 @@ void SetCommonKind(FunctionRow const& row, std::vector<SqlValue const*> const& c
   }
 }
 
-// A column of reals may hold integers, which the division of the result would take as such.
-SqlFragment Chosen(FunctionRow const& row, SqlValue const& value) {
-  if (value.kind == SqlKind::kDate) return AsDate(value, Named(row));
-  return IsNumber(value.kind) ? AsNumber(value, Named(row)) : value.sql;
-}
-
 void WriteIf(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlValue& result) {
   SqlValue const& condition = arguments[0];
   SetCommonKind(row, {&arguments[1], &arguments[2]}, result);
@@ -129,9 +129,9 @@ void WriteIf(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlValue&
       Refuse(Named(row) + L" needs a Boolean, a whole number or a text as its condition.");
   }
   made.Add(" THEN ");
-  made.Add(Chosen(row, arguments[1]), 5);
+  made.Add(OfKind(row, arguments[1]), 5);
   made.Add(" ELSE ");
-  made.Add(Chosen(row, arguments[2]), 5);
+  made.Add(OfKind(row, arguments[2]), 5);
   made.Add(" END");
   result.sql = made;
 }
@@ -146,7 +146,7 @@ void WriteLookup(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlVa
   }
   SetCommonKind(row, values, result);
   if (keys.empty()) {
-    result.sql = Chosen(row, arguments[1]);
+    result.sql = OfKind(row, arguments[1]);
     return;
   }
   SqlKind as = arguments[0].kind;
@@ -162,17 +162,17 @@ void WriteLookup(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlVa
     made.Add(" WHEN ");
     made.Add(Comparable(*keys[i], as), 4);
     made.Add(" THEN ");
-    made.Add(Chosen(row, *values[i + 1]), 6);
+    made.Add(OfKind(row, *values[i + 1]), 6);
   }
   made.Add(" ELSE ");
-  made.Add(Chosen(row, arguments[1]), 4);
+  made.Add(OfKind(row, arguments[1]), 4);
   made.Add(" END");
   result.sql = made;
 }
 
 void WriteNullValue(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlValue& result) {
   SetCommonKind(row, {&arguments[0], &arguments[1]}, result);
-  result.sql = SqlFragment::Call("coalesce", {Chosen(row, arguments[0]), Chosen(row, arguments[1])});
+  result.sql = SqlFragment::Call("coalesce", {OfKind(row, arguments[0]), OfKind(row, arguments[1])});
 }
 
 void WriteDate(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlValue& result) {
@@ -198,7 +198,8 @@ void WriteCount(FunctionRow const&, std::vector<SqlValue>& arguments, SqlValue& 
 
 // The least or greatest value is of the kind and type of the values.
 void WriteExtreme(FunctionRow const& row, std::vector<SqlValue>& arguments, SqlValue& result) {
-  SqlFragment value = Given(row, arguments)[0];
+  // A number is left bare, so that an index on it finds the extreme.
+  SqlFragment value = IsNumber(arguments[0].kind) ? arguments[0].sql : Given(row, arguments)[0];
   result.kind = arguments[0].kind;
   result.type = arguments[0].type;
   if (result.kind == SqlKind::kText) {

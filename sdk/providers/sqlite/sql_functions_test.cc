@@ -136,11 +136,14 @@ TEST_F(SqlFunctionsTest, Conversions) {
 }
 
 TEST_F(SqlFunctionsTest, Texts) {
-  Run("INSERT INTO Parts (Id) VALUES (1)");
+  // SQLite keeps the decimal as an integer.
+  Run("INSERT INTO Parts (Id, Price, Real) VALUES (1, 1e18, 1e18)");
   Case const cases[] = {
       {L"Concat('a', 3, TRUE)", "'a3true'"},
       {L"Concat('a', Name, 'b')", "'ab'"},
       {L"Concat(0.5, DATE '2024-03-01')", "'0.52024-03-01'"},
+      {L"Concat(Price, ' ', Real)", "'1e+18 1e+18'"},
+      {L"ToString(Price)", "'1e+18'"},
       {L"Concat()", "''"},
       {L"'a' + 'b' || 'c'", "'abc'"},
       {L"'a' + Name", "NULL"},
