@@ -22,6 +22,8 @@ run("${CMAKE_COMMAND}" -S "${EXAMPLES_DIR}" -B "${WORK_DIR}/build" "-DCMAKE_PREF
 run("${CMAKE_COMMAND}" --build "${WORK_DIR}/build")
 run("${WORK_DIR}/build/read_layer" "${INPUT}" "pop > 200000000")
 set(from_package "${output}")
+# The provider is found beside the moved SDK.
+run("${WORK_DIR}/build/sqlite_store" "${WORK_DIR}/places.sqlite")
 
 set(ENV{PKG_CONFIG_PATH} "${moved}/${LIBDIR}/pkgconfig")
 run(pkg-config --cflags --libs quillon)
