@@ -2,6 +2,7 @@
 #ifndef PORT_CHILD_PROCESS_H_
 #define PORT_CHILD_PROCESS_H_
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,28 @@ struct ChildResult {
 // Requires: no argument contains a quotation mark, nor ends with a backslash.
 // Threads: any.
 ChildResult RunChild(std::string const& program, std::vector<std::string> const& arguments);
+
+// A program that runs beside this one, with its standard streams.
+// Threads: one at a time.
+class BesideChild {
+ public:
+  // As RunChild, but does not wait.
+  BesideChild(std::string const& program, std::vector<std::string> const& arguments);
+  // Ends a program that still runs.
+  ~BesideChild();
+  BesideChild(BesideChild const&) = delete;
+  BesideChild& operator=(BesideChild const&) = delete;
+
+  bool Started() const { return started_; }
+
+  // Ends it at once, whatever it does, without a chance to clean up, and waits until it is gone.
+  // Gives: whether it was still running.
+  bool Kill();
+
+ private:
+  bool started_ = false;
+  std::intptr_t process_ = 0;  // how the platform knows it; 0 when it is gone
+};
 
 }  // namespace fdo::port
 

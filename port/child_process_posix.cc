@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 #include "port/child_process.h"
 
@@ -46,6 +47,14 @@ int WaitForExit(pid_t child) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+// The interface takes pointers to char that it does not write through.
+std::vector<char*> ArgumentsOf(std::string const& program, std::vector<std::string> const& arguments) {
+  std::vector<char*> argv{const_cast<char*>(program.c_str())};
+  for (std::string const& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+  return argv;
+}
+
 }  // namespace
 
 ChildResult RunChild(std::string const& program, std::vector<std::string> const& arguments) {
@@ -57,11 +66,7 @@ ChildResult RunChild(std::string const& program, std::vector<std::string> const&
   SpawnActions actions;
   posix_spawn_file_actions_adddup2(actions.Get(), ends[1], STDOUT_FILENO);
 
-  // The interface takes pointers to char that it does not write through.
-  std::vector<char*> argv{const_cast<char*>(program.c_str())};
-  for (std::string const& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
-  argv.push_back(nullptr);
-
+  std::vector<char*> const argv = ArgumentsOf(program, arguments);
   pid_t child = 0;
   bool const started =
       posix_spawn(&child, program.c_str(), actions.Get(), nullptr, argv.data(), environ) == 0;
@@ -70,6 +75,27 @@ ChildResult RunChild(std::string const& program, std::vector<std::string> const&
   close(ends[0]);
   if (started) result.exitCode = WaitForExit(child);
   return result;
+}
+
+BesideChild::BesideChild(std::string const& program, std::vector<std::string> const& arguments) {
+  std::vector<char*> const argv = ArgumentsOf(program, arguments);
+  pid_t child = 0;
+  started_ = posix_spawn(&child, program.c_str(), nullptr, nullptr, argv.data(), environ) == 0;
+  if (started_) process_ = child;
+}
+
+BesideChild::~BesideChild() { Kill(); }
+
+bool BesideChild::Kill() {
+  if (process_ == 0) return false;
+  auto const child = static_cast<pid_t>(process_);
+  process_ = 0;
+  kill(child, SIGKILL);
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR) return false;
+  }
+  return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
 }  // namespace fdo::port

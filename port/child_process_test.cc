@@ -28,5 +28,18 @@ TEST(RunChild, AMissingProgramDoesNotStart) {
   EXPECT_EQ(result.exitCode, -1);
 }
 
+TEST(BesideChild, IsEndedWhileItRuns) {
+  BesideChild child(kProgram, {"-E", "sleep", "100"});
+  ASSERT_TRUE(child.Started());
+  EXPECT_TRUE(child.Kill());
+  EXPECT_FALSE(child.Kill()) << "it is gone";
+}
+
+TEST(BesideChild, AMissingProgramDoesNotStart) {
+  BesideChild child(std::string(kProgram) + "-that-is-not-there", {});
+  EXPECT_FALSE(child.Started());
+  EXPECT_FALSE(child.Kill());
+}
+
 }  // namespace
 }  // namespace fdo::port

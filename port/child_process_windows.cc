@@ -14,6 +14,12 @@ std::string ReadToEnd(HANDLE pipe) {
   return text;
 }
 
+std::string CommandLine(std::string const& program, std::vector<std::string> const& arguments) {
+  std::string commandLine = "\"" + program + "\"";
+  for (std::string const& argument : arguments) commandLine += " \"" + argument + "\"";
+  return commandLine;
+}
+
 }  // namespace
 
 ChildResult RunChild(std::string const& program, std::vector<std::string> const& arguments) {
@@ -25,8 +31,7 @@ ChildResult RunChild(std::string const& program, std::vector<std::string> const&
   // An inherited read end would keep the pipe open for ever.
   SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
 
-  std::string commandLine = "\"" + program + "\"";
-  for (std::string const& argument : arguments) commandLine += " \"" + argument + "\"";
+  std::string commandLine = CommandLine(program, arguments);
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESTDHANDLES;
@@ -47,6 +52,30 @@ ChildResult RunChild(std::string const& program, std::vector<std::string> const&
   }
   CloseHandle(readEnd);
   return result;
+}
+
+BesideChild::BesideChild(std::string const& program, std::vector<std::string> const& arguments) {
+  std::string commandLine = CommandLine(program, arguments);
+  STARTUPINFOA startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION process{};
+  started_ = CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                            &startup, &process) != 0;
+  if (!started_) return;
+  CloseHandle(process.hThread);
+  process_ = reinterpret_cast<std::intptr_t>(process.hProcess);
+}
+
+BesideChild::~BesideChild() { Kill(); }
+
+bool BesideChild::Kill() {
+  if (process_ == 0) return false;
+  HANDLE const process = reinterpret_cast<HANDLE>(process_);
+  process_ = 0;
+  bool const running = TerminateProcess(process, 1) != 0;
+  WaitForSingleObject(process, INFINITE);
+  CloseHandle(process);
+  return running;
 }
 
 }  // namespace fdo::port
