@@ -5,45 +5,49 @@
 namespace fdo_sqlite {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-constexpr std::string_view kUnits = "0123456789+-.eE";
+constexpr bool IsBlank(char unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); }
 
-// Without blanks and a plus sign before it, which from_chars does not take.
-std::string_view FromSign(std::string_view text) {
-  std::size_t const first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  text.remove_prefix(first);
+// What from_chars may see of a text: it takes no plus sign, and takes words for infinity and NaN.
+std::string_view NumberPart(std::string_view text) {
   if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  return text;
+  return text.substr(0, text.find_first_not_of("0123456789+-.eE"));
 }
-
-// Only what numbers are made of: from_chars would take the words for infinity and NaN too.
-std::string_view NumberPart(std::string_view text) { return text.substr(0, text.find_first_not_of(kUnits)); }
 
 template <class Number>
 bool ReadAll(std::string_view text, Number& number) {
+  text = WithoutBlanks(text);
+  std::string_view const part = NumberPart(text);
   char const* const end = text.data() + text.size();
-  std::from_chars_result const read = std::from_chars(text.data(), end, number);
-  return read.ec == std::errc() && read.ptr == end;
+  Number read{};
+  std::from_chars_result const result = std::from_chars(part.data(), part.data() + part.size(), read);
+  if (result.ec != std::errc() || result.ptr != end) return false;
+  number = read;
+  return true;
 }
 
 }  // namespace
 
+std::string_view WithoutBlanks(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+bool ReadNumber(std::string_view text, std::int64_t& number) { return ReadAll(text, number); }
+bool ReadNumber(std::string_view text, double& number) { return ReadAll(text, number); }
+
 SqlNumber NumberInText(std::string_view text) {
-  text = FromSign(text);
-  text = text.substr(0, text.find_last_not_of(kBlanks) + 1);
-  if (text.empty() || NumberPart(text).size() != text.size()) return {};
   std::int64_t whole = 0;
-  if (ReadAll(text, whole)) return whole;
+  if (ReadNumber(text, whole)) return whole;
   double real = 0;
-  if (ReadAll(text, real)) return real;
+  if (ReadNumber(text, real)) return real;
   return {};
 }
 
 double LeadingNumber(std::string_view text) {
-  text = NumberPart(FromSign(text));
+  std::string_view const part = NumberPart(WithoutBlanks(text));
   double real = 0;
-  std::from_chars(text.data(), text.data() + text.size(), real);
+  std::from_chars(part.data(), part.data() + part.size(), real);
   return real;
 }
 

@@ -8,10 +8,17 @@
 
 namespace fdo_sqlite {
 
+// Without the blanks around it: spaces, tabs and ends of lines.
+std::string_view WithoutBlanks(std::string_view text);
+
+// The number that a text is, blanks around it aside. Infinities and NaN have no text.
+// Errors: false for all else, and for what the type cannot hold; number is then untouched.
+bool ReadNumber(std::string_view text, std::int64_t& number);
+bool ReadNumber(std::string_view text, double& number);
+
 typedef std::variant<std::monostate, std::int64_t, double> SqlNumber;
 
-// The number that a text is, blanks around it aside: a whole number where it is written as one and fits.
-// Infinities and NaN have no text. Errors: monostate.
+// The same: a whole number where it is written as one and fits. Errors: monostate.
 SqlNumber NumberInText(std::string_view text);
 
 // The number that a text begins with, 0 when it begins with none.

@@ -5,34 +5,12 @@
 #include <limits>
 
 #include "sdk/providers/sqlite/date_text.h"
+#include "sdk/providers/sqlite/number_reading.h"
 
 namespace fdo_sqlite {
 namespace {
 
 constexpr double kTwoTo63 = 9223372036854775808.0;
-
-constexpr bool IsBlank(char unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); }
-
-std::string_view WithoutBlanks(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
-// The whole text as a number. from_chars takes no plus sign, and takes words that are no numbers in SQL.
-template <class Number>
-bool ParseNumber(std::string_view text, Number& result) {
-  text = WithoutBlanks(text);
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  for (char const unit : text) {
-    bool const isOfNumbers = (unit >= '0' && unit <= '9') || unit == '.' || unit == '-' || unit == '+' ||
-                             unit == 'e' || unit == 'E';
-    if (!isOfNumbers) return false;
-  }
-  char const* const end = text.data() + text.size();
-  std::from_chars_result const read = std::from_chars(text.data(), end, result);
-  return read.ec == std::errc() && read.ptr == end;
-}
 
 bool IntegerFromReal(double real, std::int64_t& result) {
   if (!(real >= -kTwoTo63 && real < kTwoTo63) || real != std::trunc(real)) return false;
@@ -77,11 +55,11 @@ bool ReadInteger(sqlite3_value* value, std::int64_t& result) {
   std::string_view const text = BytesOf(value);
   std::int64_t whole = 0;
   double real = 0;
-  if (ParseNumber(text, whole)) {
+  if (ReadNumber(text, whole)) {
     result = whole;
     return true;
   }
-  return ParseNumber(text, real) && IntegerFromReal(real, result);
+  return ReadNumber(text, real) && IntegerFromReal(real, result);
 }
 
 bool ReadReal(sqlite3_value* value, double& result) {
@@ -91,7 +69,7 @@ bool ReadReal(sqlite3_value* value, double& result) {
     return true;
   }
   double real = 0;
-  if (!ParseNumber(BytesOf(value), real)) return false;
+  if (!ReadNumber(BytesOf(value), real)) return false;
   result = real;
   return true;
 }
