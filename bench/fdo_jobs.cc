@@ -1,5 +1,7 @@
 // Tables of a SQLite store through the library, against loops over SQLite and GDAL.
 #include <Fdo.h>
+#include <fdo/db_pool.h>
+#include <fdo/scroller.h>
 
 #include <algorithm>
 #include <memory>
@@ -105,6 +107,31 @@ Sides FdoByIdJob(Workbench const& bench, std::string_view data) {
     return work;
   };
   return {ours, [=] { return stores.raw->LookUp(*ids); }};
+}
+
+Sides ScrollerJob(Workbench const& bench, std::string_view data) {
+  std::filesystem::path const file = SqliteFile(bench, data);
+  auto const raw = std::make_shared<RawSqlite>(file);
+  auto const connection = std::make_shared<DbHandle>(DbPool::GetConnection(file.wstring().c_str()));
+  if (!*connection || (*connection)->Count() == 0) throw std::runtime_error("the pool opens no table");
+  Table& table = (**connection)[0];
+  table.Query();
+  auto const scroller = std::make_shared<Scroller>(*connection, &table);
+  auto const checksum = std::make_shared<RowChecksum const>(*table.Def());
+  auto const ids = std::make_shared<std::vector<std::int64_t> const>(Ids(bench));
+  // The columns that the checksum was made for are the connection's.
+  auto const ours = [=, keep = connection] {
+    Work work;
+    for (std::int64_t const id : *ids) {
+      // Identities are counted from 1, positions from 0.
+      Row const* const row = scroller->At(static_cast<std::uint64_t>(id) - 1);
+      if (row == nullptr) throw std::runtime_error("a row is missing");
+      work.checksum += checksum->Of(*row);
+      ++work.amount;
+    }
+    return work;
+  };
+  return {ours, [=] { return raw->LookUp(*ids); }};
 }
 
 Sides FdoInsertJob(Workbench const& bench, std::string_view data) {

@@ -51,6 +51,7 @@ constexpr Job kJobs[] = {
     {"geometry-from-fgf", "polygons in cache", kGeometriesPerSecond, 5, GeometryFromFgfJob},
     {"spatial-evaluate", "points in one polygon", kGeometriesPerSecond, 0.8, SpatialEvaluateJob},
     {"parse-filter", "three comparisons", kFiltersPerSecond, 0, ParseFilterJob},
+    {"scroller", "points", kRowsPerSecond, 0.8, ScrollerJob},
     {"pool", "one thread", kConnectionsPerSecond, 1, PoolJob},
     {"pool", "two threads", kConnectionsPerSecond, 1, PoolJob},
     {"eval-vs-variant", "rows in cache", kRowsPerSecond, 0.7, EvalVariantJob},

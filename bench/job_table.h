@@ -31,6 +31,7 @@ Sides OgrScanJob(Workbench const& bench, std::string_view data);
 Sides ParseFilterJob(Workbench const& bench, std::string_view data);
 Sides PoolJob(Workbench const& bench, std::string_view data);
 Sides RssGrowthJob(Workbench const& bench, std::string_view data);
+Sides ScrollerJob(Workbench const& bench, std::string_view data);
 Sides SpatialEvaluateJob(Workbench const& bench, std::string_view data);
 Sides StartJob(Workbench const& bench, std::string_view data);
 Sides StatsDistinctJob(Workbench const& bench, std::string_view data);

@@ -2,6 +2,7 @@
 
 #include <fdo/db_pool.h>
 
+#include <optional>
 #include <string>
 
 namespace fdo {
@@ -25,11 +26,22 @@ class Scroller::Reader {
     if (table_ != nullptr) connection_->DestroyTable(table_);
   }
 
-  Row const* At(__int64 id) { return table_ == nullptr ? nullptr : table_->Query(id); }
+  // The row is a copy, so that no query stays open: one that did would keep other connections from writing.
+  Row const* At(__int64 id) {
+    if (table_ == nullptr) return nullptr;
+    Row const* const row = table_->Query(id);
+    if (row != nullptr) {
+      if (!row_) row_.emplace(table_->Def());
+      row_->CopyFrom(*row);
+    }
+    table_->EndQuery();
+    return row == nullptr ? nullptr : &*row_;
+  }
 
  private:
   DbHandle connection_;
   Table* table_ = nullptr;
+  std::optional<Row> row_;
 };
 
 Scroller::Scroller(Database* db, Table* table) : reader_(std::make_shared<Reader>(*db, *table)) {

@@ -1,7 +1,7 @@
 #include <Fdo.h>
-#include <fdo/scroller.h>
-
+#include <fdo/database_fdo.h>
 #include <fdo/db_pool.h>
+#include <fdo/scroller.h>
 #include <gtest/gtest.h>
 
 #include "ogr_backend/ogr_test_files.h"
@@ -92,6 +92,67 @@ TEST_P(ScrollerTest, ASecondOneSharesTheConnectionAndReadsForItself) {
   Row const* const row = first.At(1);
   second.At(2);
   EXPECT_EQ(NameOf(row), name);
+}
+
+// A store that keeps the identities it is given, whatever they are.
+class SqliteScrollerTest : public testing::Test {
+ protected:
+  SqliteScrollerTest() {
+    EXPECT_TRUE(DatabaseFdo::Create(path_.c_str(), nullptr));
+    DatabaseFdo database;
+    EXPECT_TRUE(database.Connect(path_.c_str(), nullptr, nullptr, false, true));
+    DatabaseDef def;
+    SetTables(def, L"Default", {MakeTableDef(L"Default", L"town", L"id:Int64 name:String")});
+    EXPECT_TRUE(database.SetSchema(def));
+    Row row(database[0].Def());
+    for (__int64 const id : kIds) {
+      row[L"id"] = id;
+      row[L"name"] = std::to_wstring(id).c_str();
+      EXPECT_TRUE(database[0].Insert(row, nullptr, /*storeMakesId=*/false));
+    }
+  }
+  ~SqliteScrollerTest() override { DbPool::CloseAllFreeConnections(); }
+
+  static constexpr __int64 kIds[] = {7, -3, 9'000'000'000, 1, 12};
+
+  ScratchDirectory const scratch_;
+  std::wstring const path_ = scratch_.File("town.sqlite");
+};
+
+TEST_F(SqliteScrollerTest, IdentitiesMayBeSparseNegativeAndInAnyOrder) {
+  DbHandle const connection(DbPool::GetConnection(path_.c_str()));
+  ASSERT_FALSE(!connection);
+  Table& table = (*static_cast<Database*>(connection))[0];
+  table.Query(nullptr, L"name", /*ascending=*/false);
+  Scroller scroller(connection, &table);
+  ASSERT_EQ(scroller.Count(), std::size(kIds));
+  std::vector<std::wstring> names;
+  for (std::uint64_t i = 0; i < scroller.Count(); ++i) names.push_back(NameOf(scroller.At(i)));
+  EXPECT_EQ(names, (std::vector<std::wstring>{L"9000000000", L"7", L"12", L"1", L"-3"}));
+  EXPECT_EQ(NameOf(scroller.At(0)), L"9000000000");
+}
+
+TEST_F(SqliteScrollerTest, ADeletedRowIsNull) {
+  DbHandle const connection(DbPool::GetConnection(path_.c_str()));
+  ASSERT_FALSE(!connection);
+  Table& table = (*static_cast<Database*>(connection))[0];
+  table.Query(nullptr, L"id", /*ascending=*/true);
+  Scroller scroller(connection, &table);
+  EXPECT_EQ(NameOf(scroller.At(2)), L"7");
+  EXPECT_TRUE(table.Delete(7));
+  EXPECT_EQ(NameOf(scroller.At(2)), L"no row");
+  EXPECT_EQ(NameOf(scroller.At(3)), L"12");
+}
+
+TEST_F(SqliteScrollerTest, TheSourceMayBeClosedBefore) {
+  DbHandle connection(DbPool::GetConnection(path_.c_str()));
+  ASSERT_FALSE(!connection);
+  Table& table = (*static_cast<Database*>(connection))[0];
+  table.Query();
+  Scroller scroller(connection, &table);
+  connection = nullptr;
+  DbPool::CloseAllFreeConnections();
+  EXPECT_EQ(NameOf(scroller.At(0)), L"-3");
 }
 
 // A table whose rows are nothing but their identities: every third number, backwards from the first.
