@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "sdk/providers/sqlite/store_test_schema.h"
 #include "sdk/providers/sqlite/test_store.h"
 
 namespace fdo_sqlite {
@@ -15,11 +16,6 @@ inline FdoPtr<Connection> OpenQuickly(TestStore const& store) {
   FdoPtr<Connection> connection = store.Open();
   connection->OpenedDatabase().Execute("PRAGMA synchronous = OFF");
   return connection;
-}
-
-template <class Command>
-FdoPtr<Command> Make(Connection* connection, FdoInt32 type) {
-  return FdoPtr<Command>(static_cast<Command*>(connection->CreateCommand(type)));
 }
 
 inline FdoPtr<FdoISelect> MakeSelectOf(Connection* connection, FdoString* className,
