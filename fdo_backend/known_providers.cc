@@ -67,4 +67,9 @@ std::vector<KnownProvider> KnownProviders() {
   return known;
 }
 
+std::wstring ProviderForPath(wchar_t const* path) {
+  wchar_t const* const provider = internal::ProviderOfExtension(path);
+  return provider == nullptr ? L"" : provider;
+}
+
 }  // namespace fdo

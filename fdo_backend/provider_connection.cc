@@ -53,14 +53,19 @@ void Configure(FdoIConnection& connection, wchar_t const* configuration) {
 
 }  // namespace
 
-wchar_t const* ProviderFromFileExtension(wchar_t const* path) {
+wchar_t const* ProviderOfExtension(wchar_t const* path) {
   wchar_t const* const period = std::wcsrchr(path, L'.');
   wchar_t const* const extension = period == nullptr ? L"" : period;
   for (FileExtension const& row : kFileExtensions) {
     if (EqualIgnoringCase(extension, row.extension)) return row.provider;
   }
-  ReportError(L"Failed to map file extension to FDO provider");
   return nullptr;
+}
+
+wchar_t const* ProviderFromFileExtension(wchar_t const* path) {
+  wchar_t const* const provider = ProviderOfExtension(path);
+  if (provider == nullptr) ReportError(L"Failed to map file extension to FDO provider");
+  return provider;
 }
 
 std::wstring RegisteredName(wchar_t const* provider) {

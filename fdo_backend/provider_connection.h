@@ -12,6 +12,8 @@ namespace fdo::internal {
 // in any case of letters.
 // Gives: a constant. Errors: null and a diagnostic line for any other extension.
 wchar_t const* ProviderFromFileExtension(wchar_t const* path);
+// The same without the line.
+wchar_t const* ProviderOfExtension(wchar_t const* path);
 
 // The first registered name that contains that text; "" when there is none.
 // Errors: throws FdoException* when the registry cannot be read.

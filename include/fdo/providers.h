@@ -21,6 +21,10 @@ struct KnownProvider {
 // Threads: any.
 QUILLON_EXPORT std::vector<KnownProvider> KnownProviders();
 
+// The provider that is asked for files with the extension of that path; "" when none is. Whether it can be
+// used is another question. Threads: any.
+QUILLON_EXPORT std::wstring ProviderForPath(wchar_t const* path);
+
 }  // namespace fdo
 
 #endif  // FDO_PROVIDERS_H_

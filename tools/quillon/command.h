@@ -41,7 +41,7 @@ inline constexpr Command kCommands[] = {
      DefineInfo},
     {"query", "Print rows: all, by condition, by box or by id", kQueryDetails, DefineQuery},
     {"stats", "Print statistics of columns", kStatsDetails, DefineStats},
-    {"convert", "Write a table into another file, in any format that GDAL writes", kConvertDetails,
+    {"convert", "Write a table into another file, in any format that FDO or GDAL writes", kConvertDetails,
      DefineConvert},
     {"providers", "Show which FDO providers there are, and what is missing", kProvidersDetails,
      DefineProviders},

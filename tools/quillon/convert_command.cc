@@ -1,5 +1,3 @@
-#include <fdo/database_ogr.h>
-
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
 
@@ -10,6 +8,7 @@
 #include "tools/quillon/command.h"
 #include "tools/quillon/conversion_check.h"
 #include "tools/quillon/conversion_report.h"
+#include "tools/quillon/conversion_target.h"
 #include "tools/quillon/interruption.h"
 #include "tools/quillon/messages.h"
 #include "tools/quillon/open_source.h"
@@ -29,10 +28,13 @@ char const kConvertDetails[] =
     "is listed for each column, and the exit code is then 4. Rings may start elsewhere or run the other "
     "way,\n"
     "and a geometry of one part may gain or lose the collection around it: that is the same. Rows get new\n"
-    "ids. Drivers without geometry (CSV) get a text column \"WKT\".\n"
+    "ids. Drivers without geometry (CSV) get a text column \"WKT\". A target that an FDO provider writes, "
+    "such\n"
+    "as .sqlite, is made by that, and by GDAL where there is no such provider.\n"
     "\n"
     "  quillon convert world.shp world.gpkg\n"
     "  quillon convert world.gpkg africa.fgb --where \"continent = 'Africa'\" --select name_long,pop,geom\n"
+    "  quillon convert roads.shp roads.sqlite\n"
     "  quillon convert roads.gpkg roads.json --format GeoJSON --overwrite --json";
 
 namespace {
@@ -47,12 +49,6 @@ struct ConvertOptions {
   bool json = false;
 };
 
-std::wstring Wide(std::string const& utf8) {
-  std::wstring wide;
-  WideFromUtf8(utf8, wide);  // the command line has been looked at
-  return wide;
-}
-
 // One run of the command.
 class Converter {
  public:
@@ -63,59 +59,45 @@ class Converter {
     Table& table = FindTable(source, options_.selection.table);
     TableDef const& def = *table.Def();
     BoundSelection const selection = Bind(options_.selection, def);
-    std::wstring const driver = Driver();
+    TargetFormat const format = TargetFormat::Choose(options_.target, options_.format);
     RefuseSourceAsTarget();
 
     report_.source = source.name;
     report_.table = Utf8(def.Name());
     report_.target = options_.target;
-    report_.driver = Utf8(driver);
     columns_ = ColumnsToWrite(def, selection.columns, report_.leftColumns);
     for (int column : columns_) report_.columns.push_back({Utf8(def[column].Name()), "", {}});
 
     StagedTarget staged(options_.target, options_.overwrite ? Overwrite::kReplace : Overwrite::kRefuse);
-    Write(table, selection, driver, staged.Path());
-    std::string const readError = ReadError(source);
-    if (!options_.noCheck) Check(table, selection, staged.Path());
+    {
+      ConversionTarget target(options_.target, staged.Path(), format, def, columns_, session_);
+      report_.driver = target.Driver();
+      Write(table, selection, target);
+      readError_ = ReadError(source);
+      if (!options_.noCheck) Check(table, selection, target.Reopen());
+    }  // closed, so that it can be moved
     StopIfInterrupted();
     staged.Commit();
-    return Report(readError);
+    return Report();
   }
 
  private:
-  std::wstring Driver() const {
-    std::wstring const driver = options_.format.empty()
-                                    ? DatabaseOgr::DriverForPath(Wide(options_.target).c_str())
-                                    : Wide(options_.format);
-    if (driver.empty()) throw UnknownFormat(options_.target);
-    return driver;
-  }
-
   void RefuseSourceAsTarget() const {
     std::error_code ignored;
     if (std::filesystem::equivalent(PathOf(options_.source.source), PathOf(options_.target), ignored))
       throw TargetIsSource(options_.target);
   }
 
-  void Write(Table& table, BoundSelection const& selection, std::wstring const& driver,
-             std::wstring const& path) {
-    DatabaseDef definition;
-    DefineTarget(*table.Def(), columns_, driver, table.Def()->Name(), definition);
-    DatabaseOgr target;
-    target.KeepNullNumbers(true);
-    if (!target.Create(path.c_str(), driver.c_str(), definition) || target.Count() == 0) {
-      throw CannotCreate(options_.target, report_.driver, Utf8(target.LastError()));
-    }
+  void Write(Table& table, BoundSelection const& selection, ConversionTarget& target) {
     constexpr bool kAllowScan = true;
     std::int64_t const total = options_.selection.where.empty() && options_.selection.box.empty()
                                    ? table.GetRowCount(nullptr, !kAllowScan)
                                    : -1;
     report_.rows = CopyRows(
-        table, selection, columns_, target[0], KeepsGeometryAsText(driver),
-        [&] { return Utf8(target.LastError()); },
+        table, selection, columns_, target.Rows(), target.GeometryAsText(),
+        [&] { return target.LastError(); },
         [&](CopiedRows const& rows) { Step("writing", rows.read, total); });
-    target.Disconnect();
-    std::string const closing = Utf8(target.LastError());
+    std::string const closing = target.Close();
     if (session_.ShowDiagnostics()) throw CannotFinish(options_.target);
     if (report_.rows.read > 0 && report_.rows.written == 0) {
       auto const& reasons = report_.rows.reasons;
@@ -124,13 +106,7 @@ class Converter {
     }
   }
 
-  void Check(Table& table, BoundSelection const& selection, std::wstring const& path) {
-    DatabaseOgr written;
-    constexpr bool kReadOnly = true, kLoadSchema = true;
-    if (!written.Connect(path.c_str(), nullptr, nullptr, kReadOnly, kLoadSchema)) {
-      throw CannotReadBack(options_.target, Utf8(written.LastError()));
-    }
-    if (written.Count() == 0) throw CannotReadBack(options_.target, "it has no tables");
+  void Check(Table& table, BoundSelection const& selection, Database& written) {
     Table* const named = written[table.Def()->Name()];
     Table& target = named == nullptr ? written[0] : *named;
     auto const matches = MatchColumns(*table.Def(), columns_, *target.Def());
@@ -154,12 +130,12 @@ class Converter {
     if (session_.ShowDiagnostics()) throw CannotReadBack(options_.target, "see above");
   }
 
-  ExitCode Report(std::string const& readError) {
+  ExitCode Report() {
     session_.console.ClearProgress();
     for (auto const& note : report_.Notes()) session_.console.Note(note);
-    if (!readError.empty()) session_.console.Error(RowsMissing(options_.source.source, readError).message);
+    if (!readError_.empty()) session_.console.Error(RowsMissing(options_.source.source, readError_).message);
     session_.output.Write(options_.json ? report_.Json() : report_.Summary());
-    return report_.IsComplete() && readError.empty() ? ExitCode::kDone : ExitCode::kPartlyDone;
+    return report_.IsComplete() && readError_.empty() ? ExitCode::kDone : ExitCode::kPartlyDone;
   }
 
   void Step(char const* doing, std::int64_t done, std::int64_t total) {
@@ -177,6 +153,7 @@ class Converter {
   ConvertOptions const& options_;
   Session& session_;
   InterruptionWatch watch_;
+  std::string readError_;     // why the source broke off
   std::vector<int> columns_;  // positions in the source, as they are written
   ConversionReport report_;
 };
@@ -192,7 +169,8 @@ Action DefineConvert(CLI::App& app) {
   options->selection.DefineBox(app);
   options->selection.DefineColumns(app);
   app.add_option("--format", options->format,
-                 "GDAL's short name of the target's driver, unless its name tells")
+                 "GDAL's short name of the target's driver, or an FDO provider's name, unless the target's "
+                 "name tells")
       ->type_name("DRIVER");
   app.add_flag("--overwrite", options->overwrite, "Replace an existing target once the new one is complete");
   app.add_flag("--no-check", options->noCheck, "Do not read the target back");

@@ -2,6 +2,7 @@
 
 #include "tools/quillon/cell_text.h"
 #include "tools/quillon/geometry_text.h"
+#include "tools/quillon/target_definition.h"
 #include "tools/quillon/utf8.h"
 
 namespace fdo::tool {
@@ -47,18 +48,19 @@ CopiedRows CopyRows(Table& source, BoundSelection const& selection, std::vector<
   Row written(&targetDef);
   for (int i = 0; i < targetDef.ColumnCount(); ++i) written[i].Reset();
 
+  std::vector<int> const fields = FieldsOf(targetDef);
   CopiedRows rows;
   constexpr bool kStoreMakesId = true;
   selection.Query(source);
   target.BeginWrite();
   while (Row const* const row = source.Next()) {
-    int field = targetDef.IndexOfGeom() + 1;
+    auto field = fields.begin();
     for (int column : columns) {
       Value const& cell = (*row)[column];
       if (column != sourceDef.IndexOfGeom()) {
-        Borrow(written[field++], cell);
+        Borrow(written[*field++], cell);
       } else if (geometryAsText) {
-        WriteAsText(written[field++], cell);
+        WriteAsText(written[*field++], cell);
       } else {
         Borrow(written[targetDef.IndexOfGeom()], cell);
       }

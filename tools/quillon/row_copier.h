@@ -22,7 +22,7 @@ struct CopiedRows {
 };
 
 // Writes the selected rows of one table into another that has just been created from the columns (see
-// DefineTarget): behind its identity and its geometry it has a field for each other column, in order.
+// DefineTarget): beside its identity and its geometry it has a field for each other column, in order.
 // lastError says why the latest row was refused; step is called after each row and may throw.
 CopiedRows CopyRows(Table& source, BoundSelection const& selection, std::vector<int> const& columns,
                     Table& target, bool geometryAsText, std::function<std::string()> const& lastError,

@@ -9,6 +9,8 @@ namespace fdo::tool {
 
 namespace {
 
+constexpr wchar_t kStoreSchema[] = L"Default";
+constexpr wchar_t kStoreIdentity[] = L"FeatId";  // where the source's has no name
 constexpr wchar_t const* kTextGeometryDrivers[] = {L"CSV", L"ODS", L"XLSX"};
 
 bool SameName(std::wstring const& left, std::wstring const& right) {
@@ -17,16 +19,32 @@ bool SameName(std::wstring const& left, std::wstring const& right) {
                     [&](wchar_t a, wchar_t b) { return lower(a) == lower(b); });
 }
 
-// The columns of a target that are neither its identity nor its geometry.
-std::vector<int> Fields(TableDef const& target) {
+// FDO keeps these for names of several parts.
+std::wstring WithoutSeparators(std::wstring name, wchar_t const* ifEmpty) {
+  std::replace_if(
+      name.begin(), name.end(), [](wchar_t unit) { return unit == L'.' || unit == L':'; }, L'_');
+  return name.empty() ? ifEmpty : name;
+}
+
+// A name like that, which no column has, whatever the case of its letters.
+std::wstring NewName(std::wstring const& wanted, std::vector<ColumnDef> const& columns) {
+  std::wstring name = wanted;
+  auto const isTaken = [&](ColumnDef const& column) { return SameName(column.Name(), name); };
+  for (int number = 2; std::any_of(columns.begin(), columns.end(), isTaken); ++number) {
+    name = wanted + L"_" + std::to_wstring(number);
+  }
+  return name;
+}
+
+}  // namespace
+
+std::vector<int> FieldsOf(TableDef const& target) {
   std::vector<int> fields;
   for (int i = 0; i < target.ColumnCount(); ++i) {
     if (i != target.IndexOfID() && i != target.IndexOfGeom()) fields.push_back(i);
   }
   return fields;
 }
-
-}  // namespace
 
 bool KeepsGeometryAsText(std::wstring const& driver) {
   return std::any_of(std::begin(kTextGeometryDrivers), std::end(kTextGeometryDrivers),
@@ -70,9 +88,30 @@ void DefineTarget(TableDef const& source, std::vector<int> const& columns, std::
                        0);
 }
 
+void DefineStore(TableDef const& source, std::vector<int> const& columns, DatabaseDef& store) {
+  std::vector<ColumnDef> copies;
+  int geometry = -1;
+  for (int column : columns) {
+    ColumnDef const& original = source[column];
+    std::wstring const name = NewName(WithoutSeparators(original.Name(), L"column"), copies);
+    if (column == source.IndexOfGeom()) geometry = static_cast<int>(copies.size());
+    copies.emplace_back().Initialize(name.c_str(), original.Type(), original.GeomTypes(), Value(),
+                                     original.SRS());
+  }
+  std::wstring const idName = WithoutSeparators(source.HasID() ? source.ID().Name() : L"", kStoreIdentity);
+  ColumnDef identity;
+  identity.Initialize(NewName(idName, copies).c_str(), ColumnDef::kInt64, 0, Value(), nullptr);
+  copies.insert(copies.begin(), identity);
+  if (geometry >= 0) ++geometry;
+  auto* const tables = new TableDef[1];
+  store.Initialize(kStoreSchema, tables, 1);  // owns the tables from here on
+  tables[0].Initialize(kStoreSchema, WithoutSeparators(source.Name(), L"rows").c_str(), copies.data(),
+                       static_cast<int>(copies.size()), 0, geometry, 0);
+}
+
 std::vector<int> MatchColumns(TableDef const& source, std::vector<int> const& columns,
                               TableDef const& target) {
-  auto const fields = Fields(target);
+  auto const fields = FieldsOf(target);
   auto const isField = [&](int column) { return column != source.IndexOfGeom(); };
   bool const sameNumber =
       std::count_if(columns.begin(), columns.end(), isField) == static_cast<std::ptrdiff_t>(fields.size());

@@ -26,6 +26,13 @@ std::vector<int> ColumnsToWrite(TableDef const& source, std::vector<int> const& 
 void DefineTarget(TableDef const& source, std::vector<int> const& columns, std::wstring const& driver,
                   std::wstring const& tableName, DatabaseDef& target);
 
+// The definition to make a new FDO store from: with an identity before the columns, which the store fills,
+// and with names that FDO takes. Gives: a schema of one table.
+void DefineStore(TableDef const& source, std::vector<int> const& columns, DatabaseDef& store);
+
+// The columns of a target that are neither its identity nor its geometry.
+std::vector<int> FieldsOf(TableDef const& target);
+
 // For each of the source's columns its position in the target, as the target calls it by now, or -1.
 // Fields keep their order; where their number differs they are known by name, case aside.
 std::vector<int> MatchColumns(TableDef const& source, std::vector<int> const& columns,
