@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -112,6 +113,91 @@ TEST_F(Convert, AChainOfFormatsKeepsEveryValue) {
     Sort(copy, "POLYID");
     EXPECT_EQ(original, copy) << to;
   }
+}
+
+// What info says of the one table of a source, but for what names things.
+json Described(std::string const& source) {
+  auto table = json::parse(RunQuillon({"info", "--json", source}).out)["tables"][0];
+  for (auto& column : table["columns"]) column.erase("role");
+  table["geometry"].erase("column");
+  table["geometry"].erase("types");
+  return table;
+}
+
+MATCHER(NearEnough, "") {
+  auto const [actual, expected] = arg;
+  return std::abs(actual - expected) <= 1e-6 * std::abs(expected);
+}
+
+std::vector<double> TakeExtent(json& table) {
+  std::vector<double> const extent = table["geometry"]["extent"];
+  table["geometry"].erase("extent");
+  return extent;
+}
+
+// Real files, through a store of FDO and back into the format that they came in.
+TEST_F(Convert, AStoreOfFdoKeepsEveryValueOnTheWayThereAndBack) {
+  struct {
+    char const *source, *extension;
+  } const cases[] = {{"columbus.shp", ".shp"}, {"world.gpkg", ".gpkg"}, {"cycle_hire.geojson", ".geojson"}};
+  for (auto const& [source, extension] : cases) {
+    // A table has the name of its file.
+    std::string const stem = fs::path(source).stem().string();
+    std::string const store = Scratch(stem + ".sqlite"), back = Scratch(stem + extension);
+    for (auto const& [from, to] : {std::pair(Data(source), store), std::pair(store, back)}) {
+      auto const result = RunConvert({from, to});
+      EXPECT_EQ(result.code, 0) << to << "\n" << result.err;
+      EXPECT_EQ(result.err, "") << to;
+    }
+    EXPECT_EQ(json::parse(RunQuillon({"info", "--json", store}).out)["driver"], "OSGeo.SQLite") << source;
+    auto const rows = Rows(Data(source));
+    EXPECT_EQ(Rows(store), rows) << source;
+    EXPECT_EQ(Rows(back), rows) << source;
+    auto original = Described(Data(source)), stored = Described(store), returned = Described(back);
+    // Some files give their extent in fewer digits than their coordinates.
+    auto const extent = TakeExtent(original);
+    for (json* other : {&stored, &returned}) {
+      EXPECT_THAT(TakeExtent(*other), testing::Pointwise(NearEnough(), extent)) << source;
+    }
+    EXPECT_EQ(returned, original) << source;
+    EXPECT_EQ(stored["rows"], original["rows"]) << source;
+    EXPECT_EQ(stored["geometry"], original["geometry"]) << source;
+    for (std::size_t i = 2; i < original["columns"].size(); ++i) {
+      EXPECT_EQ(stored["columns"][i], original["columns"][i]) << source;
+    }
+  }
+}
+
+TEST_F(Convert, AFormatMayBeTheNameOfAProvider) {
+  auto const result =
+      RunConvert({Data("columbus.shp"), Scratch("a.store"), "--format", "OSGeo.SQLite", "--json"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_EQ(json::parse(result.out)["driver"], "OSGeo.SQLite");
+  auto const rows = RunQuillon(
+      {"query", "File=\"" + Scratch("a.store") + "\"", "--provider", "OSGeo.SQLite", "-f", "json"});
+  EXPECT_EQ(rows.code, 0) << rows.err;
+  EXPECT_EQ(json::parse(rows.out).size(), 49u);
+  auto const missing = RunConvert({Data("columbus.shp"), Scratch("b.store"), "--format", "OSGeo.ArcSDE"});
+  EXPECT_EQ(missing.code, 1);
+  EXPECT_THAT(missing.err, HasSubstr("with driver OSGeo.ArcSDE: Failed to load provider: ArcSDEProvider"));
+  EXPECT_THAT(Files(), testing::ElementsAre("a.store"));
+}
+
+TEST_F(Convert, GdalWritesAStoreWhenItIsNamed) {
+  EXPECT_EQ(RunConvert({Data("columbus.shp"), Scratch("a.sqlite"), "--format", "SQLite"}).code, 0);
+  EXPECT_EQ(RunConvert({Scratch("a.sqlite"), Scratch("b.shp")}).code, 0) << "and FDO reads it";
+}
+
+TEST_F(Convert, NamesThatFdoKeepsForItselfAreChanged) {
+  Features("a.b.geojson", {{{"properties", {{"x.y", 1}, {"x:y", "t"}, {"x_y", 2}}},
+                            {"geometry", {{"type", "Point"}, {"coordinates", {1, 2}}}}}});
+  auto const result = RunConvert({Scratch("a.b.geojson"), Scratch("a.sqlite"), "--json"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  auto const rows = json::parse(RunQuillon({"query", Scratch("a.sqlite"), "--json"}).out);
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0]["x_y"], 1);
+  EXPECT_EQ(rows[0]["x_y_2"], "t");
+  EXPECT_EQ(rows[0]["x_y_3"], 2);
 }
 
 TEST_F(Convert, AFormatThatSortsItsRowsLosesNone) {
@@ -292,7 +378,8 @@ TEST_F(Convert, AnInterruptedConversionLeavesNothing) {
 // A limit on the size of files acts as a full disk does.
 TEST_F(Convert, AFullDiskLeavesNothing) {
   WriteFile("in.geojsonl", ManyFeatures(20000));
-  for (std::string const target : {"out.gpkg", "out.geojson", "out.shp", "out.fgb", "out.csv"}) {
+  for (std::string const target :
+       {"out.gpkg", "out.sqlite", "out.geojson", "out.shp", "out.fgb", "out.csv"}) {
     auto const result = RunShell("trap '' XFSZ; ulimit -f 200; exec \"$QUILLON\" convert " +
                                  Quoted(Scratch("in.geojsonl")) + " " + Quoted(Scratch(target)));
     EXPECT_EQ(result.code, 1) << target << ": " << result.err << result.out;

@@ -1,0 +1,185 @@
+// Runs the program on stores of FDO providers.
+#include <fdo/database_fdo.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "testing/captured_diagnostics.h"
+#include "testing/schema_builder.h"
+#include "testing/scratch_directory.h"
+#include "tools/quillon/program_run.h"
+
+namespace fdo::tool {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+std::string Data(std::string const& name) { return std::string(QUILLON_TEST_DATA) + "/" + name; }
+
+class FdoStore : public testing::Test {
+ protected:
+  std::string Scratch(std::string const& name) const { return (scratch_.Path() / name).string(); }
+
+  // The countries of the world, in a store.
+  std::string World() const {
+    std::string const store = Scratch("world.sqlite");
+    EXPECT_EQ(RunQuillon({"convert", Data("world.gpkg"), store, "--no-check"}).code, 0);
+    return store;
+  }
+
+  static json Query(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "query");
+    arguments.push_back("--json");
+    auto const result = RunQuillon(arguments);
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+    return json::parse(result.out);
+  }
+
+  static std::vector<std::string> Names(json const& rows) {
+    std::vector<std::string> names;
+    for (auto const& row : rows) names.push_back(row["name_long"]);
+    return names;
+  }
+
+  ScratchDirectory scratch_;
+};
+
+TEST_F(FdoStore, RowsInTheOrderOfAColumn) {
+  std::string const world = World();
+  EXPECT_EQ(
+      Names(Query({world, "--select", "name_long", "--order-by", "pop", "--descending", "--limit", "3"})),
+      (std::vector<std::string>{"China", "India", "United States"}));
+  EXPECT_EQ(Names(Query({world, "--select", "name_long", "--order-by", "name_long", "--limit", "2"})),
+            (std::vector<std::string>{"Afghanistan", "Albania"}));
+  EXPECT_EQ(Names(Query({world, "--select", "name_long", "--order-by", "area_km2", "--descending", "--limit",
+                         "2", "--where", "continent = 'Africa'"})),
+            (std::vector<std::string>{"Democratic Republic of the Congo", "Algeria"}));
+}
+
+TEST_F(FdoStore, ABoxAndAConditionNarrowWhatIsOrdered) {
+  std::string const world = World();
+  for (std::vector<std::string> const& condition :
+       {std::vector<std::string>{}, std::vector<std::string>{"--where", "pop > 1e7"}}) {
+    std::vector<std::string> arguments = {world, "--bbox", "-10,35,5,45", "--select", "name_long"};
+    arguments.insert(arguments.end(), condition.begin(), condition.end());
+    auto plain = Names(Query(arguments));
+    arguments.insert(arguments.end(), {"--order-by", "name_long"});
+    auto const ordered = Names(Query(arguments));
+    EXPECT_GE(plain.size(), 3u);
+    std::sort(plain.begin(), plain.end());
+    EXPECT_EQ(ordered, plain);
+  }
+}
+
+TEST_F(FdoStore, WhatCannotBeOrderedIsRefused) {
+  std::string const world = World();
+  struct {
+    std::vector<std::string> arguments;
+    int code;
+    char const* message;
+  } const cases[] = {
+      {{"query", Data("world.gpkg"), "--order-by", "pop"}, 1, "does not order its rows"},
+      {{"query", world, "--order-by", "geom"}, 1, "cannot be ordered by column \"geom\""},
+      {{"query", world, "--order-by", "popp"}, 1, "did you mean \"pop\"?"},
+      {{"query", world, "--descending"}, 2, "--order-by"},
+      {{"query", world, "--order-by", "pop", "--id", "1"}, 2, "--order-by"},
+  };
+  for (auto const& [arguments, code, message] : cases) {
+    auto const result = RunQuillon(arguments);
+    EXPECT_EQ(result.code, code) << message;
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr(message));
+  }
+}
+
+TEST_F(FdoStore, StatisticsAreThoseOfTheSource) {
+  std::vector<std::string> const columns = {"name_long", "continent", "pop", "lifeExp"};
+  auto const stats = [&](std::string const& source) {
+    std::vector<std::string> arguments = {"stats", "--json", source};
+    arguments.insert(arguments.end(), columns.begin(), columns.end());
+    auto const result = RunQuillon(arguments);
+    EXPECT_EQ(result.code, 0) << result.err;
+    return json::parse(result.out)["columns"];
+  };
+  EXPECT_EQ(stats(World()), stats(Data("world.gpkg")));
+}
+
+// A look-up by such an identity would run without a condition and find just any row.
+TEST_F(FdoStore, AnIdThatIsNoWholeNumberIsRefused) {
+  CapturedDiagnostics const ignored;  // that no registry names the provider
+  std::wstring const path = scratch_.File("names.sqlite");
+  ASSERT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
+  {
+    DatabaseFdo database;
+    ASSERT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, false, true));
+    DatabaseDef def;
+    SetTables(def, L"Default", {MakeTableDef(L"Default", L"plain", L"id:String n:Int32")});
+    ASSERT_TRUE(database.SetSchema(def));
+  }
+  auto const result = RunQuillon({"query", Scratch("names.sqlite"), "--id", "1"});
+  EXPECT_EQ(result.code, 1) << result.out;
+  EXPECT_THAT(result.err, HasSubstr("has no whole numbers as ids"));
+}
+
+TEST_F(FdoStore, AFileThatIsNoStoreIsOneMessage) {
+  std::ofstream(Scratch("junk.sqlite")) << "this is no database, however long it may become in the end";
+  auto const result = RunQuillon({"info", Scratch("junk.sqlite")});
+  EXPECT_EQ(result.code, 3);
+  EXPECT_THAT(result.err, testing::StartsWith("quillon: " + Scratch("junk.sqlite") + " cannot be opened"));
+  EXPECT_THAT(result.err, HasSubstr("FDO connection failure"));
+  EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+}
+
+TEST_F(FdoStore, AProviderOpensAConnectionString) {
+  std::string const string = "File=\"" + World() + "\";UseFdoMetadata=TRUE";
+  auto const info = RunQuillon({"info", string, "--provider", "OSGeo.SQLite", "--json"});
+  EXPECT_EQ(info.code, 0) << info.err;
+  EXPECT_EQ(json::parse(info.out)["tables"][0]["rows"], 177);
+  auto const missing = RunQuillon({"info", string, "--provider", "OSGeo.ArcSDE"});
+  EXPECT_EQ(missing.code, 3);
+  EXPECT_THAT(missing.err, HasSubstr("cannot be opened through the provider OSGeo.ArcSDE"));
+  EXPECT_THAT(missing.err, HasSubstr("Failed to load provider: ArcSDEProvider"));
+}
+
+TEST_F(FdoStore, ProvidersSaysWhatIsThereAndWhatIsMissing) {
+  auto const text = RunQuillon({"providers"});
+  EXPECT_EQ(text.code, 0);
+  EXPECT_EQ(text.err, "");
+  EXPECT_THAT(text.out, HasSubstr("14 known"));
+  EXPECT_THAT(text.out, testing::ContainsRegex("OSGeo.SQLite  *SQLiteProvider  *available"));
+  EXPECT_THAT(text.out, testing::ContainsRegex("OSGeo.ArcSDE  *ArcSDEProvider  *missing  .*ArcSDEProvider"));
+  auto const list = json::parse(RunQuillon({"providers", "--json"}).out);
+  ASSERT_EQ(list["known"].size(), 14u);
+  EXPECT_EQ(list["known"][2]["name"], "OSGeo.SQLite");
+  EXPECT_EQ(list["known"][2]["available"], true);
+  EXPECT_FALSE(list["known"][2].contains("problem"));
+  EXPECT_EQ(list["known"][10]["library"], "ArcSDEProvider");
+  EXPECT_EQ(list["known"][10]["available"], false);
+  EXPECT_NE(list["known"][10]["problem"], "");
+}
+
+TEST_F(FdoStore, ProvidersListsTheRegistry) {
+  std::ofstream(Scratch("providers.xml"))
+      << "<FeatureProviderRegistry><FeatureProvider><Name>OSGeo.SDF.4.1</Name><DisplayName>SDF</DisplayName>"
+         "<LibraryPath>/nowhere/SDFProvider</LibraryPath></FeatureProvider></FeatureProviderRegistry>";
+  auto const result =
+      RunShell("FDO_PROVIDERS_FOLDER=" + Quoted(scratch_.Path().string()) + " \"$QUILLON\" providers --json");
+  ASSERT_EQ(result.code, 0) << result.err;
+  auto const list = json::parse(result.out);
+  ASSERT_EQ(list["registered"].size(), 1u);
+  EXPECT_EQ(list["registered"][0]["name"], "OSGeo.SDF.4.1");
+  EXPECT_EQ(list["registered"][0]["library"], "/nowhere/SDFProvider");
+  EXPECT_EQ(list["known"][0]["registered_as"], "OSGeo.SDF.4.1");
+  EXPECT_EQ(list["known"][0]["available"], false);
+  EXPECT_THAT(list["known"][0]["problem"].get<std::string>(), HasSubstr("/nowhere/SDFProvider"));
+}
+
+}  // namespace
+}  // namespace fdo::tool
