@@ -46,9 +46,17 @@ constexpr wchar_t kFilter[] = L"narrow > 79999999";
 constexpr char kCondition[] = "narrow > 79999999";
 
 // A tenth of the rows, as writing is slower than reading.
-std::int64_t WrittenRows(Workbench const& bench) { return std::max<std::int64_t>(bench.rows / 10, 1); }
+std::vector<KeptRow> KeptRows(Workbench const& bench, Shape shape) {
+  return KeepRows(bench.seed, shape, std::max<std::int64_t>(bench.rows / 10, 1));
+}
 
-Work Written(std::int64_t rows) { return {static_cast<double>(rows), static_cast<std::uint64_t>(rows)}; }
+std::filesystem::path WrittenFile(Workbench const& bench, char const* name) {
+  std::filesystem::path const directory = bench.dataDirectory / "written";
+  std::filesystem::create_directories(directory);
+  return directory / name;
+}
+
+Work Written(std::vector<KeptRow> const& rows) { return {static_cast<double>(rows.size()), 0}; }
 
 }  // namespace
 
@@ -134,42 +142,35 @@ Sides ScrollerJob(Workbench const& bench, std::string_view data) {
   return {ours, [=] { return raw->LookUp(*ids); }};
 }
 
+// Both sides append to files of their own, whose making and closing is not measured.
 Sides FdoInsertJob(Workbench const& bench, std::string_view data) {
   Shape const shape = ShapeOf(data);
-  std::int64_t const count = WrittenRows(bench);
-  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeepRows(bench.seed, shape, count));
-  std::filesystem::path const file = bench.dataDirectory / "written.sqlite";
-  std::filesystem::create_directories(bench.dataDirectory);
-  auto const ours = [=] {
-    SqliteStore::Create(file).Insert(*rows, shape);
-    return Written(count);
-  };
-  auto const raw = [=] {
-    // The same table, and nothing else that would have to be kept up with it.
-    SqliteStore::Create(file);
-    RawSqlite(file).Insert(*rows, shape, SqliteStore::kBatch);
-    return Written(count);
-  };
-  return {ours, raw};
+  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeptRows(bench, shape));
+  auto const ours = std::make_shared<SqliteStore>(SqliteStore::Create(WrittenFile(bench, "ours.sqlite")));
+  std::filesystem::path const rawFile = WrittenFile(bench, "raw.sqlite");
+  SqliteStore::Create(rawFile);
+  auto const raw = std::make_shared<RawSqlite>(rawFile);
+  return {[=] {
+            ours->Insert(*rows, shape);
+            return Written(*rows);
+          },
+          [=] { return raw->Insert(*rows, shape, SqliteStore::kBatch); }};
 }
 
 Sides FdoInsertVsOgrJob(Workbench const& bench, std::string_view data) {
   Shape const shape = ShapeOf(data);
-  std::int64_t const count = WrittenRows(bench);
-  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeepRows(bench.seed, shape, count));
-  std::filesystem::path const file = bench.dataDirectory / "written.sqlite";
-  std::filesystem::path const gpkg = bench.dataDirectory / "written.gpkg";
-  std::filesystem::create_directories(bench.dataDirectory);
-  auto const ours = [=] {
-    SqliteStore::Create(file).Insert(*rows, shape);
-    return Written(count);
-  };
-  auto const ogr = [=, name = "gpkg " + std::string(data)] {
-    std::filesystem::remove(gpkg);
-    WriteVectorFile(gpkg, name, *rows);
-    return Written(count);
-  };
-  return {ours, ogr};
+  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeptRows(bench, shape));
+  auto const ours = std::make_shared<SqliteStore>(SqliteStore::Create(WrittenFile(bench, "ours.sqlite")));
+  auto const gpkg =
+      std::make_shared<NewVectorFile>(WrittenFile(bench, "peer.gpkg"), "gpkg " + std::string(data));
+  return {[=] {
+            ours->Insert(*rows, shape);
+            return Written(*rows);
+          },
+          [=] {
+            gpkg->Append(*rows, SqliteStore::kBatch);
+            return Written(*rows);
+          }};
 }
 
 }  // namespace fdo::bench

@@ -170,18 +170,29 @@ std::filesystem::path VectorFile(Workbench const& bench, std::string_view name) 
   return directory / data.format.fileName;
 }
 
-void WriteVectorFile(std::filesystem::path const& path, std::string_view name,
-                     std::span<KeptRow const> rows) {
+struct NewVectorFile::Layer {
+  explicit Layer(NewFile made, Shape shape) : file(std::move(made)), writer(file.layer, shape) {}
+
+  NewFile file;
+  FeatureWriter writer;
+};
+
+NewVectorFile::NewVectorFile(std::filesystem::path const& path, std::string_view name) {
   VectorData const& data = FindVectorData(name);
-  NewFile const file = CreateVectorFile(path, data);
-  FeatureWriter writer(file.layer, data.shape);
-  constexpr std::size_t kBatch = 10'000;
-  for (std::size_t begin = 0; begin < rows.size(); begin += kBatch) {
-    Done(GDALDatasetStartTransaction(file.dataset.get(), 0), "begin");
-    for (KeptRow const& kept : rows.subspan(begin, std::min(kBatch, rows.size() - begin))) {
-      writer.Write(kept.row);
+  std::filesystem::remove(path);
+  layer_ = std::make_unique<Layer>(CreateVectorFile(path, data), data.shape);
+}
+
+NewVectorFile::~NewVectorFile() = default;
+
+void NewVectorFile::Append(std::span<KeptRow const> rows, std::size_t batch) {
+  GDALDatasetH const dataset = layer_->file.dataset.get();
+  for (std::size_t begin = 0; begin < rows.size(); begin += batch) {
+    Done(GDALDatasetStartTransaction(dataset, 0), "begin");
+    for (KeptRow const& kept : rows.subspan(begin, std::min(batch, rows.size() - begin))) {
+      layer_->writer.Write(kept.row);
     }
-    Done(GDALDatasetCommitTransaction(file.dataset.get()), "commit");
+    Done(GDALDatasetCommitTransaction(dataset), "commit");
   }
 }
 

@@ -2,6 +2,7 @@
 #define BENCH_VECTOR_FILES_H_
 
 #include <filesystem>
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -18,9 +19,23 @@ namespace fdo::bench {
 // Errors: std::invalid_argument for any other data, std::runtime_error when the file cannot be made.
 std::filesystem::path VectorFile(Workbench const& bench, std::string_view data);
 
-// Writes the rows as a new file of that data, in transactions of 10,000.
-// Errors: as above.
-void WriteVectorFile(std::filesystem::path const& path, std::string_view data, std::span<KeptRow const> rows);
+// A new file of that data without rows, in place of any there.
+class NewVectorFile {
+ public:
+  // Errors: as above.
+  NewVectorFile(std::filesystem::path const& path, std::string_view data);
+  NewVectorFile(NewVectorFile const&) = delete;
+  NewVectorFile& operator=(NewVectorFile const&) = delete;
+  ~NewVectorFile();
+
+  // Writes the rows behind those that are there, in transactions of that many.
+  // Errors: std::runtime_error.
+  void Append(std::span<KeptRow const> rows, std::size_t batch);
+
+ private:
+  struct Layer;
+  std::unique_ptr<Layer> layer_;
+};
 
 }  // namespace fdo::bench
 
