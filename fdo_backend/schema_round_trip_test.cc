@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "testing/captured_diagnostics.h"
+#include "testing/scratch_directory.h"
 
 namespace fdo {
 namespace {
@@ -17,13 +18,14 @@ namespace {
 // Every data type, coordinate systems shared and not, classes without geometry and without identity.
 class RandomSchema {
  public:
-  explicit RandomSchema(unsigned seed) : random_(seed) {}
+  RandomSchema(wchar_t const* name, bool everyTableHasAnId, unsigned seed)
+      : name_(name), leastId_(everyTableHasAnId ? 0 : -1), random_(seed) {}
 
   void Make(DatabaseDef& def) {
     int const count = Pick(1, 6);
     auto tables = std::make_unique<TableDef[]>(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) MakeTable(i, tables[static_cast<std::size_t>(i)]);
-    def.Initialize(L"Round\u00DF", tables.release(), count);
+    def.Initialize(name_, tables.release(), count);
   }
 
  private:
@@ -33,7 +35,7 @@ class RandomSchema {
     constexpr ColumnDef::DataType kIdentityTypes[] = {ColumnDef::kInt16, ColumnDef::kInt32,
                                                       ColumnDef::kInt64};
     int const count = Pick(1, 12);
-    int const idIndex = Pick(-1, count - 1);
+    int const idIndex = Pick(leastId_, count - 1);
     std::vector<ColumnDef> columns(static_cast<std::size_t>(count));
     std::vector<int> geometries;
     for (int i = 0; i < count; ++i) {
@@ -58,13 +60,15 @@ class RandomSchema {
     for (int const i : geometries) {
       if (i != geomIndex) columns[static_cast<std::size_t>(i)].SetCoordSys(nullptr);
     }
-    table.Initialize(L"Round\u00DF", (L"table" + std::to_wstring(number)).c_str(), columns.data(), count,
-                     idIndex, geomIndex, tag);
+    table.Initialize(name_, (L"table" + std::to_wstring(number)).c_str(), columns.data(), count, idIndex,
+                     geomIndex, tag);
   }
 
   CoordSys const kSystems[3] = {{L"WGS84", L"EPSG:4326", L"GEOGCS[\"WGS 84\"]"},
                                 {L"Stra\u00DFe", L"", L"LOCAL_CS[\"a\"]"},
                                 {L"none", L"", L""}};
+  wchar_t const* name_;
+  int leastId_;
   std::mt19937 random_;
 };
 
@@ -100,7 +104,7 @@ class SchemaRoundTrip : public testing::TestWithParam<unsigned> {};
 TEST_P(SchemaRoundTrip, MemoryProvider) {
   CapturedDiagnostics const diagnostics;
   DatabaseDef written;
-  RandomSchema(GetParam()).Make(written);
+  RandomSchema(L"Round\u00DF", /*everyTableHasAnId=*/false, GetParam()).Make(written);
   DatabaseFdo database;
   // The registry of other tests may have the name; this one is the library's.
   FdoPtr<IConnectionManager> const manager = FdoFeatureAccessManager::GetConnectionManager();
@@ -114,7 +118,27 @@ TEST_P(SchemaRoundTrip, MemoryProvider) {
   EXPECT_EQ(diagnostics.Lines(), std::vector<std::wstring>());
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, SchemaRoundTrip, testing::Range(0u, 50u));
+TEST_P(SchemaRoundTrip, SqliteProvider) {
+  CapturedDiagnostics diagnostics;
+  ScratchDirectory const scratch;
+  std::wstring const file = scratch.File("round.sqlite");
+  DatabaseDef written;
+  // Such a store has one schema, and a class without an identity gets the number of the row.
+  RandomSchema(L"Default", /*everyTableHasAnId=*/true, GetParam()).Make(written);
+  ASSERT_TRUE(DatabaseFdo::Create(file.c_str(), nullptr));
+  DatabaseFdo database;
+  ASSERT_TRUE(database.Connect(file.c_str(), nullptr, nullptr, false, true));
+  EXPECT_FALSE(database.MustAccessByName());
+  EXPECT_EQ(database.Count(), 0);
+  diagnostics.Forget();  // no registry names the provider
+  ASSERT_TRUE(database.SetSchema(written));
+  EXPECT_EQ(diagnostics.Lines(), std::vector<std::wstring>());
+  ExpectEqual(*database.Def(), written);
+  ASSERT_TRUE(database.Connect(file.c_str(), nullptr, nullptr, false, true));
+  ExpectEqual(*database.Def(), written);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, SchemaRoundTrip, testing::Range(0u, 30u));
 
 }  // namespace
 }  // namespace fdo
