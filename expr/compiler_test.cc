@@ -240,7 +240,7 @@ TEST(ExprCompiler, EveryFunctionByName) {
     ExprEval const eval(call, nullptr, nullptr);
     std::string const listing = Joined(eval.Listing());
     EXPECT_NE(listing.find("OpFunction " + std::to_string(info.number) + " "), std::string::npos) << listing;
-    EXPECT_TRUE(ExprEvalTestPeer::Runs(eval)) << listing;
+    EXPECT_TRUE(eval.IsComplete()) << listing;
   }
 }
 

@@ -53,6 +53,8 @@ ExprEval& ExprEval::operator=(ExprEval const& other) noexcept {
 
 bool ExprEval::Eval(Row const* row, Value* result) { return machine_->Eval(row, result); }
 
+bool ExprEval::IsComplete() const { return machine_->Runs(); }
+
 std::wstring ExprEval::Listing(TableDef const* table) const {
   return internal::ListProgram({ops_, static_cast<std::size_t>(count_)}, table);
 }

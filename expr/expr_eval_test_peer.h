@@ -22,7 +22,6 @@ class ExprEvalTestPeer {
     return eval.machine_->EvalStepwise(row, result);
   }
   static bool IsFused(ExprEval const& eval) { return eval.machine_->IsFused(); }
-  static bool Runs(ExprEval const& eval) { return eval.machine_->Runs(); }
   static std::size_t StackSize(ExprEval const& eval) { return eval.machine_->StackSize(); }
   static OpRec const* Ops(ExprEval const& eval) { return eval.ops_; }
   static Value const* Stack(ExprEval const& eval) { return eval.stack_; }

@@ -104,11 +104,11 @@ class ConditionWriter : public FdoIFilterProcessor {
   }
 
   void ProcessSpatialCondition(FdoSpatialCondition&) override {
-    throw FilterRefused{L"it has a spatial condition; query with a box instead"};
+    throw FilterRefused{L"it has a spatial condition", /*holdsForRows=*/true};
   }
 
   void ProcessDistanceCondition(FdoDistanceCondition&) override {
-    throw FilterRefused{L"it has a distance condition; query with a box instead"};
+    throw FilterRefused{L"it has a distance condition", /*holdsForRows=*/true};
   }
 
  protected:
@@ -117,7 +117,8 @@ class ConditionWriter : public FdoIFilterProcessor {
  private:
   static void CheckComparable(SqlOperand const& left, SqlOperand const& right) {
     if (left.kind == SqlOperand::kDate || right.kind == SqlOperand::kDate) {
-      throw FilterRefused{L"it compares dates, which every format of GDAL's writes in a way of its own"};
+      throw FilterRefused{L"it compares dates, which every format of GDAL's writes in a way of its own",
+                          /*holdsForRows=*/true};
     }
     if (left.kind == SqlOperand::kGeometry || right.kind == SqlOperand::kGeometry) {
       throw FilterRefused{L"it compares geometry"};
@@ -141,7 +142,8 @@ class ConditionWriter : public FdoIFilterProcessor {
     SqlOperand const& literal = right.isLiteral ? right : left;
     SqlOperand const& other = right.isLiteral ? left : right;
     if (!literal.isLiteral) {
-      throw FilterRefused{L"it compares two text columns, which GDAL does without regard to case"};
+      throw FilterRefused{L"it compares two text columns, which GDAL does without regard to case",
+                          /*holdsForRows=*/true};
     }
     std::wstring pattern;
     for (wchar_t const unit : literal.text) {
@@ -152,14 +154,16 @@ class ConditionWriter : public FdoIFilterProcessor {
   }
 
   void WriteLike(SqlOperand const& left, SqlOperand const& right) {
-    if (left.kind != SqlOperand::kText || right.kind != SqlOperand::kText || !right.isLiteral) {
-      throw FilterRefused{L"LIKE compares text with a pattern in quotes"};
+    bool const areTexts = left.kind == SqlOperand::kText && right.kind == SqlOperand::kText;
+    if (!areTexts || !right.isLiteral) {
+      throw FilterRefused{L"LIKE compares text with a pattern in quotes", /*holdsForRows=*/areTexts};
     }
     if (right.text.find(L'[') != std::wstring::npos) {
-      throw FilterRefused{L"the pattern has brackets, which GDAL takes as they stand"};
+      throw FilterRefused{L"the pattern has brackets, which GDAL takes as they stand", /*holdsForRows=*/true};
     }
     if (!target_.ownSql && right.text.find(L'_') != std::wstring::npos) {
-      throw FilterRefused{L"the pattern has an underscore, which GDAL holds against one byte of a letter"};
+      throw FilterRefused{L"the pattern has an underscore, which GDAL holds against one byte of a letter",
+                          /*holdsForRows=*/true};
     }
     WriteLikeText(left, right.sql, !negated_);
   }
@@ -192,6 +196,7 @@ FilterSql TranslateFilter(FdoFilter* filter, TableDef const& def, FilterTarget c
   } catch (FilterRefused const& refused) {
     out.refused = true;
     out.refusal = refused.reason;
+    out.holdsForRows = refused.holdsForRows;
   }
   return out;
 }

@@ -23,6 +23,7 @@ struct FilterTarget {
 struct FilterSql {
   bool refused = false;
   std::wstring refusal;       // why
+  bool holdsForRows = false;  // of a refused one: it can be computed for each row, see row_filter.h
   std::string text;           // UTF-8
   std::vector<bool> columns;  // one flag for each column of the table: the condition needs it
 };
@@ -32,11 +33,11 @@ struct FilterSql {
 // characters are, upper and lower case included. The order of text (<, >) and LIKE's view of upper and
 // lower case are the store's.
 //
-// Refused is what the target does not have, or would take for something else: names that are no column;
-// text compared with numbers; dates; geometry, but for the test for null; comparison with NULL; brackets
-// in LIKE; functions, parameters and sub-selects; division by anything but a number other than 0; for
-// GDAL's dialect also LIKE with an underscore, text with a backslash before a quote or at its end, and
-// equality of two text columns. Filters nested deeper than kMaxFilterDepth are refused, too.
+// Refused is what the target does not have, or would take for something else: dates; spatial and distance
+// conditions; comparison with NULL; brackets in LIKE; functions; division by anything but a number other than
+// 0; for GDAL's dialect also LIKE with an underscore, text with a backslash before a quote or at its end, and
+// equality of two text columns. These hold for rows. Nobody computes names that are no column, text compared
+// with numbers, geometry compared, parameters, sub-selects, and filters nested deeper than kMaxFilterDepth.
 // Errors: throws what the filter's nodes throw.
 // Requires: filter is not null
 FilterSql TranslateFilter(FdoFilter* filter, TableDef const& def, FilterTarget const& target);

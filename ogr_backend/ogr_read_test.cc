@@ -240,16 +240,10 @@ TEST_P(OgrRead, FiltersMeanTheSameInEveryFormat) {
 }
 
 // GDAL's dialect would hold the underscore against one byte, and so find "Koln" only.
-TEST_P(OgrRead, AnUnderscoreIsALetterOrRefused) {
+TEST_P(OgrRead, AnUnderscoreIsALetter) {
   CapturedDiagnostics diagnostics;
-  bool const isDatabase = std::string(GetParam().name) == "Gpkg" || std::string(GetParam().name) == "Sqlite";
-  std::vector<std::wstring> const names = NamesWhere(Towns1(), L"name LIKE 'K_ln%'");
-  if (isDatabase) {
-    EXPECT_THAT(names, ElementsAre(L"K\u00f6ln \u6771"));
-  } else {
-    EXPECT_THAT(names, IsEmpty());
-  }
-  EXPECT_EQ(diagnostics.Lines().size(), isDatabase ? 0u : 1u);
+  EXPECT_THAT(NamesWhere(Towns1(), L"name LIKE 'K_ln%'"), ElementsAre(L"K\u00f6ln \u6771"));
+  EXPECT_THAT(diagnostics.Lines(), IsEmpty());
 }
 
 TEST_P(OgrRead, NullsOfTextIdAndGeometry) {
@@ -277,31 +271,23 @@ TEST_P(OgrRead, TheIdIsAColumnOfConditions) {
   EXPECT_THAT(NamesWhere(Towns1(), filter.c_str()), ElementsAre(name));
 }
 
-// Text that GDAL would take for something else, or would not take.
+// What neither GDAL nor anybody else can compute.
 constexpr wchar_t const* kRefusedFilters[] = {
     L"nowhere = 1",
     L"Name = 'Alpha'",  // names are exact
     L"name = 1",
     L"n = 'x'",
     L"name + 'x' = 'Alphax'",
-    L"n / n = 1",
-    L"n / 0 = 1",
-    L"d = DATE '2024-03-01'",
-    L"d > TIMESTAMP '2024-03-01 00:00:00'",
-    L"d > '2024-03-01'",
-    L"n = NULL",
     L"n = :parameter",
     L"Lower(name) = 'alpha'",
-    L"name LIKE '[A-Z]%'",
-    L"name LIKE name",
     L"n LIKE '1%'",
+    L"sin(1, 2) = 0",
 };
 
 TEST_P(OgrRead, RefusedFiltersGiveNoRowsAndOneLine) {
   std::wstring const geometry = std::wstring(L"\"") + Towns1().Def()->Geom().Name() + L"\"";
   std::vector<std::wstring> filters(std::begin(kRefusedFilters), std::end(kRefusedFilters));
-  filters.push_back(geometry + L" INTERSECTS GeomFromText('POLYGON ((0 0, 9 0, 9 9, 0 0))')");
-  filters.push_back(geometry + L" WITHINDISTANCE GeomFromText('POINT (0 0)') 100");
+  filters.push_back(geometry + L" INTERSECTS :parameter");
   filters.push_back(geometry + L" = 1");
   for (std::wstring const& filter : filters) {
     CapturedDiagnostics diagnostics;

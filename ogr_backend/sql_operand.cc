@@ -13,7 +13,8 @@ namespace {
 // A name in double quotes. A quote in it is doubled in SQL; GDAL's dialect takes a backslash before it.
 std::string QuoteName(std::string const& name, FilterTarget const& target) {
   if (!target.ownSql && name.find('\\') != std::string::npos) {
-    throw FilterRefused{L"the column name \"" + ToWide(name.c_str()) + L"\" holds a backslash"};
+    throw FilterRefused{L"the column name \"" + ToWide(name.c_str()) + L"\" holds a backslash",
+                        /*holdsForRows=*/true};
   }
   std::string quoted = "\"";
   for (char const unit : name) {
@@ -52,7 +53,8 @@ std::string QuoteText(std::wstring const& text, FilterTarget const& target) {
   for (std::size_t i = 0; i < narrow.size(); ++i) {
     bool const beforeQuote = i + 1 == narrow.size() || narrow[i + 1] == '\'';
     if (!target.ownSql && narrow[i] == '\\' && beforeQuote) {
-      throw FilterRefused{L"GDAL reads a backslash before a quote as part of the quote"};
+      throw FilterRefused{L"GDAL reads a backslash before a quote as part of the quote",
+                          /*holdsForRows=*/true};
     }
     if (narrow[i] == '\'') quoted += '\'';
     quoted += narrow[i];
@@ -109,7 +111,7 @@ void SqlOperandWriter::ProcessBinaryExpression(FdoBinaryExpression& expr) {
   FdoBinaryOperations const operation = expr.GetOperation();
   // What a division by zero gives differs from store to store.
   if (operation == FdoBinaryOperations_Divide && (!right.isLiteral || right.isZero)) {
-    throw FilterRefused{L"it divides by what may be zero"};
+    throw FilterRefused{L"it divides by what may be zero", /*holdsForRows=*/true};
   }
   result_ = SqlOperand();
   result_.kind = SqlOperand::kNumber;
@@ -125,7 +127,7 @@ void SqlOperandWriter::ProcessUnaryExpression(FdoUnaryExpression& expr) {
 }
 
 void SqlOperandWriter::Integer(FdoDataValue& value, __int64 number) {
-  if (value.IsNull()) throw FilterRefused{L"it compares with NULL"};
+  if (value.IsNull()) throw FilterRefused{L"it compares with NULL", /*holdsForRows=*/true};
   result_ = SqlOperand();
   result_.kind = SqlOperand::kNumber;
   result_.isLiteral = true;
@@ -136,7 +138,8 @@ void SqlOperandWriter::Integer(FdoDataValue& value, __int64 number) {
 }
 
 void SqlOperandWriter::Real(FdoDataValue& value, double number) {
-  if (!std::isfinite(number)) throw FilterRefused{L"it holds a number that is not finite"};
+  if (!std::isfinite(number))
+    throw FilterRefused{L"it holds a number that is not finite", /*holdsForRows=*/true};
   Integer(value, 1);
   char digits[40];
   // Shortest digits that read back as the same number; the point keeps it a real number.
@@ -148,7 +151,7 @@ void SqlOperandWriter::Real(FdoDataValue& value, double number) {
 }
 
 void SqlOperandWriter::ProcessStringValue(FdoStringValue& expr) {
-  if (expr.IsNull()) throw FilterRefused{L"it compares with NULL"};
+  if (expr.IsNull()) throw FilterRefused{L"it compares with NULL", /*holdsForRows=*/true};
   result_ = SqlOperand();
   result_.kind = SqlOperand::kText;
   result_.isLiteral = true;
@@ -182,10 +185,11 @@ void SqlOperandWriter::ProcessSingleValue(FdoSingleValue& expr) {
 }
 
 void SqlOperandWriter::ProcessDateTimeValue(FdoDateTimeValue&) {
-  throw FilterRefused{L"it compares dates, which every format of GDAL's writes in a way of its own"};
+  throw FilterRefused{L"it compares dates, which every format of GDAL's writes in a way of its own",
+                      /*holdsForRows=*/true};
 }
 void SqlOperandWriter::ProcessFunction(FdoFunction& expr) {
-  throw FilterRefused{L"it calls the function " + std::wstring(expr.GetName())};
+  throw FilterRefused{L"it calls the function " + std::wstring(expr.GetName()), /*holdsForRows=*/true};
 }
 void SqlOperandWriter::ProcessComputedIdentifier(FdoComputedIdentifier&) {
   throw FilterRefused{L"it uses a computed identifier"};

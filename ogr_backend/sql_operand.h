@@ -15,6 +15,7 @@ namespace fdo::internal {
 // Thrown where a filter cannot be written; caught by TranslateFilter.
 struct FilterRefused {
   std::wstring reason;
+  bool holdsForRows = false;  // the filter has a meaning all the same
 };
 
 struct SqlOperand {

@@ -179,7 +179,7 @@ void TableOgr::ApplyDesiredFields(std::vector<bool> const* filterColumns) {
     needed[i] = needed[i] || (*filterColumns)[i];
   }
   needed[kIdColumn] = true;
-  needed[kGeometryColumn] = needed[kGeometryColumn] || hasBox_;
+  needed[kGeometryColumn] = needed[kGeometryColumn] || hasBox_ || narrowed_;
   if (needed == read_ || gdal_.OGR_L_TestCapability(layer_, "IgnoreFields") == 0) return;
   std::vector<char const*> ignored;
   if (!needed[kGeometryColumn]) ignored.push_back("OGR_GEOMETRY");
@@ -211,25 +211,50 @@ void TableOgr::SetBox(double const* box) {
   gdal_.OGR_L_SetSpatialFilterRect(layer_, box[0], box[1], box[2], box[3]);
 }
 
+// Has the filter become a condition of GDAL's or, where it cannot be one, a filter for rows; sql.columns are
+// those that it looks at.
+// Gives: false when neither is possible; that has been reported.
+bool TableOgr::TakeFilter(FdoFilter* filter, FilterSql& sql) {
+  sql = TranslateFilter(filter, *def_, Target());
+  if (!sql.refused) return true;
+  if (sql.holdsForRows) rowFilter_ = RowFilter::Make(gdal_, layer_, *def_, filter, sql.refusal);
+  if (rowFilter_ == nullptr) {
+    Refuse(sql.refusal.c_str());
+    return false;
+  }
+  sql.columns = rowFilter_->Columns();
+  return true;
+}
+
+// Lets the layer leave out what a filter for rows cannot select, unless it has a box already: a geometry that
+// meets two boxes need not meet what they share.
+void TableOgr::NarrowForFilter() {
+  bool const narrow = rowFilter_ != nullptr && rowFilter_->Box() && !hasBox_;
+  if (narrow) {
+    auto const& box = *rowFilter_->Box();
+    gdal_.OGR_L_SetSpatialFilterRect(layer_, box[0], box[1], box[2], box[3]);
+  } else if (narrowed_ && !hasBox_) {
+    gdal_.OGR_L_SetSpatialFilter(layer_, nullptr);
+  }
+  narrowed_ = narrow;
+}
+
 // Puts filter, desired columns and, as it stands, the box in force, and ends what ran before.
 // Gives: false when the filter is refused; that has been reported.
 bool TableOgr::StartQuery(FdoFilter* filter) {
   StopReading();
+  rowFilter_.reset();
   first_ = kLeastId;
   last_ = kGreatestId;
   return AtBoundary(false, [&] {
     GdalErrorScope scope(gdal_);
     FilterSql sql;
-    if (filter != nullptr) {
-      sql = TranslateFilter(filter, *def_, Target());
-      if (sql.refused) {
-        Refuse(sql.refusal.c_str());
-        return false;
-      }
-    }
+    if (filter != nullptr && !TakeFilter(filter, sql)) return false;
+    bool const byGdal = filter != nullptr && rowFilter_ == nullptr;
+    NarrowForFilter();
     // Some drivers look at what is ignored when the condition is set, so that comes second.
     ApplyDesiredFields(filter == nullptr ? nullptr : &sql.columns);
-    if (!SetCondition(filter == nullptr ? nullptr : &sql.text)) {
+    if (!SetCondition(byGdal ? &sql.text : nullptr)) {
       // A condition that GDAL does not take leaves the layer without one, which must not widen the query.
       Remember(scope);
       Refuse(std::wstring(lastError_).c_str());
@@ -311,12 +336,22 @@ void TableOgr::SetDesiredFields(int const* columns, int count) {
 
 // --- Reading -----------------------------------------------------------------------------------
 
+// A filter that fails for a feature ends the query, with one line.
+bool TableOgr::IsSelected(OgrFeatureH feature) {
+  if (rowFilter_ == nullptr) return true;
+  enum { kNo, kYes, kFailed };
+  int const selected = AtBoundary(int{kFailed}, [&] { return rowFilter_->Matches(feature) ? kYes : kNo; });
+  if (selected == kFailed) scan_ = Scan::kNone;
+  return selected == kYes;
+}
+
 OgrFeatureH TableOgr::NextFeature() {
   if (scan_ == Scan::kLayer) {
     while (OgrFeatureH const feature = gdal_.OGR_L_GetNextFeature(layer_)) {
       __int64 const id = gdal_.OGR_F_GetFID(feature);
-      if (id >= first_ && id <= last_) return feature;
+      if (id >= first_ && id <= last_ && IsSelected(feature)) return feature;
       gdal_.OGR_F_Destroy(feature);
+      if (scan_ == Scan::kNone) break;
     }
   } else if (scan_ == Scan::kById) {
     while (first_ <= last_) {
@@ -395,7 +430,7 @@ __int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
   constexpr __int64 kUnknown = -1;
   if (!StartQuery(filter)) return kUnknown;
   GdalErrorScope scope(gdal_);
-  if (source_.Traits().losesCount) return allowScan ? CountByScan() : kUnknown;
+  if (source_.Traits().losesCount || rowFilter_ != nullptr) return allowScan ? CountByScan() : kUnknown;
   __int64 const count = gdal_.OGR_L_GetFeatureCount(layer_, allowScan ? 1 : 0);
   if (count < 0 && scope.Failed()) {
     Remember(scope);
@@ -405,10 +440,13 @@ __int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
 }
 
 __int64 TableOgr::CountByScan() {
+  scan_ = Scan::kLayer;
   __int64 count = 0;
-  for (; OgrFeatureH const feature = gdal_.OGR_L_GetNextFeature(layer_); ++count)
-    gdal_.OGR_F_Destroy(feature);
-  return count;
+  for (; OgrFeatureH const feature = NextFeature(); ++count) gdal_.OGR_F_Destroy(feature);
+  // A filter that failed has ended the scan; half a count is none.
+  bool const failed = scan_ == Scan::kNone;
+  StopReading();
+  return failed ? -1 : count;
 }
 
 void TableOgr::GetExtent(double* const box, FdoFilter* filter) {

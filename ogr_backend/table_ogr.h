@@ -15,6 +15,7 @@
 #include "ogr_backend/filter_sql.h"
 #include "ogr_backend/gdal_source.h"
 #include "ogr_backend/read_ahead.h"
+#include "ogr_backend/row_filter.h"
 
 namespace fdo::internal {
 
@@ -67,6 +68,9 @@ class TableOgr : public Table {
   };
 
   bool StartQuery(FdoFilter* filter);
+  bool TakeFilter(FdoFilter* filter, FilterSql& sql);
+  void NarrowForFilter();
+  bool IsSelected(OgrFeatureH feature);
   void ApplyDesiredFields(std::vector<bool> const* filterColumns);
   bool SetCondition(std::string const* condition);
   void SetBox(double const* box);
@@ -100,8 +104,10 @@ class TableOgr : public Table {
 
   Scan scan_ = Scan::kNone;
   ReadAhead ahead_;
-  bool filtered_ = false;  // the query that runs has a condition
-  __int64 first_ = 0;      // the range, both ends included
+  bool filtered_ = false;                 // the query that runs has a condition
+  std::unique_ptr<RowFilter> rowFilter_;  // of the query that runs, where GDAL cannot run its filter
+  bool narrowed_ = false;                 // the layer has the box of rowFilter_
+  __int64 first_ = 0;                     // the range, both ends included
   __int64 last_ = 0;
 };
 

@@ -29,12 +29,15 @@ class GdalSource;
 //   with a filter keeps it, too. Query() and QueryRange drop it. Which rows meet a box is GDAL's
 //   matter: those whose geometry does, not only its envelope.
 // - GetRowCount, IsEmpty and GetExtent end the running query.
-// - A filter is handed to GDAL as a condition of the same meaning. What GDAL cannot run so is refused:
-//   text compared with numbers, dates, spatial and distance conditions, functions, parameters, NULL but
-//   for the test for it, brackets in LIKE, division by a column; and, unless the format is a database,
-//   an underscore in LIKE, which GDAL counts in bytes. Text is equal when case is, too; its order, and
-//   LIKE's view of case, are the format's. A refused filter gives no rows, the count -1, and one
-//   diagnostic line.
+// - A filter is handed to GDAL as a condition of the same meaning; text is equal when case is, too, its order
+//   and LIKE's view of case are the format's. What GDAL cannot run so is computed for each row (see ExprEval,
+//   with both of its options; LIKE then tells upper from lower case): dates, spatial and distance conditions,
+//   functions, NULL beyond the test for it, brackets in LIKE, division by a column; and, unless the format is a
+//   database, an underscore in LIKE, which GDAL counts in bytes. GDAL reads only what lies near the geometry of
+//   a spatial condition that must hold; such rows are counted by a scan only. What cannot be computed at all is
+//   refused: names that are no columns, text compared with numbers, geometry compared, parameters, sub-selects,
+//   unknown functions. A refused filter gives no rows, the count -1, and one diagnostic line; a filter that
+//   fails for a row ends the query, with one line.
 // - Update(row, filter) ignores the filter: column 0 of the row says which feature is rewritten.
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.

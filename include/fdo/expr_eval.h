@@ -135,6 +135,9 @@ class QUILLON_EXPORT ExprEval {
   // Requires: with a table given to the constructor, row has its columns.
   bool Eval(Row const* row, Value* result);
 
+  // Whether the program comes to one value; if not, no row has one.
+  bool IsComplete() const;
+
   // The program, a line for each instruction: "push 2, push field b, compare" reads
   //   OpPushLiteral      2
   //   OpPushField        1
