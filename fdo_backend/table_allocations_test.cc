@@ -1,9 +1,14 @@
 // Reading allocates nothing for a row or a cell beyond what the provider does.
+#include <fdo/database_fdo.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 #include "fdo_backend/recorded_table.h"
 #include "sdk/runtime/core/live_allocations.h"
 #include "testing/fgf_builder.h"
+#include "testing/scratch_directory.h"
 
 namespace fdo {
 namespace {
@@ -121,6 +126,48 @@ TEST_F(TableFdoAllocations, InsertsOfABatchReuseTheirValues) {
     Log();
     EXPECT_EQ(AllocationsOf([&] { Parcels().Insert(row, nullptr, true); }), byHand);
   }
+}
+
+// With its provider, from the first row to the last.
+TEST(TableFdoAllocationsOnSqlite, AScanAllocatesNothingForARow) {
+  CapturedDiagnostics const lines;  // there is no registry of providers
+  ScratchDirectory const scratch;
+  std::wstring const path = scratch.File("parcels.sqlite");
+  ASSERT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
+  DatabaseFdo database;
+  ASSERT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, false, true));
+  DatabaseDef def;
+  SetTables(def, L"Land", {MakeTableDef(L"Land", L"parcels", kColumns)});
+  ASSERT_TRUE(database.SetSchema(def));
+  Table& parcels = database[0];
+  Row row(parcels.Def());
+  std::vector<unsigned char> const point = Fgf("POINT (1 2)");
+  row[L"name"].Reset(L"a name too long for a small string", /*copy=*/true);
+  row[L"shape"].Reset(point.data(), static_cast<int>(point.size()), /*copy=*/true);
+  long long ofScan[2] = {};
+  for (int i = 0; i < 2; ++i) {
+    int const rows[] = {10, 1000};
+    parcels.BeginWrite();
+    for (int n = 0; n < rows[i]; ++n) {
+      row[L"n"].Reset(n);
+      row[L"x"].Reset(0.5 * n);
+      row[L"flag"].Reset(n % 2 == 0);
+      ASSERT_TRUE(parcels.Insert(row, nullptr, /*storeMakesId=*/true));
+    }
+    parcels.CommitWrite();
+    int read = 0;
+    auto const scan = [&] {
+      parcels.Query();
+      while (Row const* const current = parcels.Next()) {
+        for (int column = 0; column < kColumnCount; ++column) read += (*current)[column].IsValid() ? 1 : 0;
+      }
+    };
+    scan();  // what is made once is made now
+    read = 0;
+    ofScan[i] = AllocationsOf(scan);
+    EXPECT_GE(read, rows[i] * kColumnCount);
+  }
+  EXPECT_EQ(ofScan[0], ofScan[1]);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "fdo_backend/recorded_table.h"
@@ -20,6 +21,9 @@ using ::testing::IsEmpty;
 constexpr wchar_t kColumns[] = L"id:Int64 name:String lanes:Int16 code:String shape:Geometry";
 constexpr int const* kAllColumns = nullptr;
 constexpr double kBox[] = {0, 0, 10, 5};
+
+static_assert(!std::is_copy_constructible_v<TableFdo> && !std::is_copy_assignable_v<TableFdo>,
+              "a copy would share the reader's position");
 
 class TableFdoQuery : public RecordedTable {
  protected:
