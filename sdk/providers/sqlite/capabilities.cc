@@ -4,6 +4,7 @@
 
 #include "sdk/providers/base/plain_capabilities.h"
 #include "sdk/providers/sqlite/commands.h"
+#include "sdk/providers/sqlite/function_definitions.h"
 
 namespace fdo_sqlite {
 namespace {
@@ -143,7 +144,10 @@ class FilterCapabilities : public FdoIFilterCapabilities {
 class ExpressionCapabilities : public FdoIExpressionCapabilities {
  public:
   FdoExpressionType* GetExpressionTypes(FdoInt32& length) override { return Array(types_, length); }
-  FdoFunctionDefinitionCollection* GetFunctions() override { return GetWellKnownFunctions(); }
+  FdoFunctionDefinitionCollection* GetFunctions() override {
+    FdoPtr<FdoFunctionDefinitionCollection> const wellKnown = GetWellKnownFunctions();
+    return MakeFunctionDefinitions(*wellKnown);
+  }
 
  protected:
   void Dispose() override { delete this; }

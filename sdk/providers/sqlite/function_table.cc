@@ -229,7 +229,7 @@ std::vector<FunctionRow> const& Functions() {
       {L"ToInt64", 1, 1, "v", kInteger, kInt64, "fdo_toint64", nullptr, false},
       {L"ToDateTime", 1, 1, "d", SqlKind::kDate, FdoDataType_DateTime, nullptr, WriteDate, false},
       {L"ToDate", 1, 1, "d", SqlKind::kDate, FdoDataType_DateTime, nullptr, WriteDate, false},
-      {L"NullValue", 2, 2, "a", SqlKind::kNull, kString, nullptr, WriteNullValue, false},
+      {L"NullValue", 2, 2, "*", SqlKind::kNull, kString, nullptr, WriteNullValue, false},
       {L"Sin", 1, 1, "n", kReal, kDouble, "fdo_sin", nullptr, false},
       {L"Cos", 1, 1, "n", kReal, kDouble, "fdo_cos", nullptr, false},
       {L"Tan", 1, 1, "n", kReal, kDouble, "fdo_tan", nullptr, false},

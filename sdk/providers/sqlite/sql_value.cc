@@ -37,13 +37,6 @@ constexpr TypeKind kTypeKinds[] = {
     {FdoDataType_BLOB, SqlKind::kBytes},      {FdoDataType_CLOB, SqlKind::kText},
 };
 
-SqlKind KindOf(FdoDataType type) {
-  for (TypeKind const& row : kTypeKinds) {
-    if (row.type == type) return row.kind;
-  }
-  return SqlKind::kNull;
-}
-
 SqlFragment Cast(SqlFragment const& value, char const* type) {
   SqlFragment made("CAST(");
   made.Add(value, 2);
@@ -125,6 +118,13 @@ SqlFragment DateKey(SqlValue const& value) {
 }
 
 }  // namespace
+
+SqlKind KindOf(FdoDataType type) {
+  for (TypeKind const& row : kTypeKinds) {
+    if (row.type == type) return row.kind;
+  }
+  return SqlKind::kNull;
+}
 
 wchar_t const* NameOf(SqlKind kind) {
   switch (kind) {

@@ -34,6 +34,8 @@ inline bool IsNumber(SqlKind kind) {
   return kind == SqlKind::kBoolean || kind == SqlKind::kInteger || kind == SqlKind::kReal;
 }
 
+SqlKind KindOf(FdoDataType type);
+
 // The words for a kind in messages.
 wchar_t const* NameOf(SqlKind kind);
 
