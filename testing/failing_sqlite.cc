@@ -134,6 +134,8 @@ void* Reallocate(void* memory, int size) {
 }  // namespace
 
 bool FailingSqlite::PrepareMemory() {
+  static bool prepared = false;
+  if (prepared) return true;
   // This fills in the platform's own only after SQLite has been set up once.
   if (sqlite3_initialize() != SQLITE_OK || sqlite3_shutdown() != SQLITE_OK) return false;
   if (sqlite3_config(SQLITE_CONFIG_GETMALLOC, &realMemory) != SQLITE_OK) return false;
@@ -142,7 +144,8 @@ bool FailingSqlite::PrepareMemory() {
   methods.xRealloc = &Reallocate;
   // A pool from which many small pieces are taken without asking would hide failures.
   sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 0, 0);
-  return sqlite3_config(SQLITE_CONFIG_MALLOC, &methods) == SQLITE_OK;
+  prepared = sqlite3_config(SQLITE_CONFIG_MALLOC, &methods) == SQLITE_OK;
+  return prepared;
 }
 
 FailingSqlite::FailingSqlite() {

@@ -14,8 +14,8 @@ enum class SqliteFault { kDisk, kFullDisk, kReadOnly, kMemory };
 // Threads: one at a time.
 class FailingSqlite {
  public:
-  // Must come before the first use of SQLite in a program that wants kMemory.
-  // Errors: false when SQLite has been used already.
+  // Must come before the first use of SQLite in a program that wants kMemory; a second time nothing happens.
+  // Errors: false when SQLite cannot be told so any more.
   static bool PrepareMemory();
 
   FailingSqlite();

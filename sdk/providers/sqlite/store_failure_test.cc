@@ -1,100 +1,15 @@
-// Every call to the disk, and every wish for memory, fails in turn: what was to be done is done or not done,
-// the exception says what happened, nothing leaks, and the file is sound.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <functional>
-
-#include "port/file.h"
+// Schemas, transactions, batches and new files when SQLite fails.
+#include "sdk/providers/sqlite/failure_sweep.h"
 #include "sdk/providers/sqlite/store_test_schema.h"
-#include "sdk/providers/sqlite/test_store.h"
-#include "sdk/runtime/core/live_allocations.h"
-#include "sdk/runtime/thrown.h"
-#include "testing/failing_sqlite.h"
 
 namespace fdo_sqlite {
 namespace {
 
-using fdo::FailingSqlite;
-using fdo::SqliteFault;
-
-// With QUILLON_EVERY_FAILURE set every call fails in turn; otherwise every step-th.
-struct FaultCase {
-  char const* name;
-  SqliteFault fault;
-  bool lasting;
-  int step;
-};
-constexpr FaultCase kFaults[] = {
-    {"disk", SqliteFault::kDisk, false, 2},          {"broken disk", SqliteFault::kDisk, true, 5},
-    {"full disk", SqliteFault::kFullDisk, false, 1}, {"disk stays full", SqliteFault::kFullDisk, true, 3},
-    {"memory", SqliteFault::kMemory, false, 17},
-};
-
-int ForEach(FailingSqlite& sqlite, FaultCase const& row, std::function<void()> const& body) {
-  bool const every = !fdo::port::EnvironmentVariable("QUILLON_EVERY_FAILURE").empty();
-  return fdo::ForEachFailure(sqlite, row.fault, body, row.lasting, every ? 1 : row.step);
-}
-
-class StoreFailure : public testing::Test {
- protected:
-  static void SetUpTestSuite() { ASSERT_TRUE(FailingSqlite::PrepareMemory()); }
-
-  // before is SQL that makes the file; work is done with each call failing in turn. After each, `state` must
-  // give one of the two results: that of before, or that of the work done.
-  void Sweep(char const* before, std::function<void()> const& work, char const* state) {
-    store_.Run(before);
-    std::filesystem::path const file = store_.Directory().Path() / "store.sqlite";
-    std::filesystem::path const original = store_.Directory().Path() / "original";
-    std::filesystem::copy_file(file, original);
-    std::string const undone = store_.Rows(state);
-    work();
-    std::string const done = store_.Rows(state);
-    ASSERT_NE(undone, done);
-
-    for (FaultCase const& row : kFaults) {
-      SCOPED_TRACE(row.name);
-      FailingSqlite sqlite;
-      int const failures = ForEach(sqlite, row, [&] {
-        std::filesystem::copy_file(original, file, std::filesystem::copy_options::overwrite_existing);
-        std::filesystem::remove(file.string() + "-journal");
-        bool const succeeded = Runs(work);
-        bool const failed = sqlite.HasFailed();
-        sqlite.Heal();
-        // Some failures do not matter: a page cache that cannot grow, say.
-        EXPECT_TRUE(succeeded || failed);
-        EXPECT_EQ(store_.Rows("PRAGMA integrity_check"), "ok");
-        std::string const now = store_.Rows(state);
-        EXPECT_TRUE(now == done || now == undone) << now;
-        EXPECT_TRUE(!succeeded || now == done);
-      });
-      EXPECT_GT(failures, 0);
-    }
-  }
-
-  // Whether the work comes to its end. It may throw an exception of the interface, which names the file.
-  bool Runs(std::function<void()> const& work) {
-    long long const before = fdo_sdk::LiveAllocations();
-    bool succeeded = true;
-    try {
-      work();
-    } catch (FdoException* raised) {
-      FdoPtr<FdoException> failure(raised);
-      succeeded = false;
-      EXPECT_EQ(failure->GetRefCount(), 1);
-      std::wstring const message = failure->GetExceptionMessage();
-      EXPECT_NE(message.find(L"store.sqlite"), std::wstring::npos) << fdo_sdk::Utf8FromWide(message);
-    }
-    EXPECT_EQ(fdo_sdk::LiveAllocations(), before);
-    return succeeded;
-  }
-
-  TestStore store_;
-};
+class StoreFailure : public FailureSweep {};
 
 TEST_F(StoreFailure, SchemasAreAppliedWholeOrNotAtAll) {
+  Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY)");
   Sweep(
-      "CREATE TABLE Roads (Id INTEGER PRIMARY KEY)",
       [this] {
         FdoPtr<Connection> connection = store_.Open();
         CreateContext(connection, L"Field", L"EPSG:4326", L"GEOGCS[]");
@@ -104,8 +19,8 @@ TEST_F(StoreFailure, SchemasAreAppliedWholeOrNotAtAll) {
 }
 
 TEST_F(StoreFailure, ClassesComeWithTheirMetadata) {
+  Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY)");
   Sweep(
-      "CREATE TABLE Roads (Id INTEGER PRIMARY KEY)",
       [this] {
         FdoPtr<Connection> connection = store_.Open();
         Apply(connection, SchemaOf({ClassOf(L"Places", {Data(L"Id", FdoDataType_Int32), Geometry(L"Shape")}),
@@ -116,8 +31,8 @@ TEST_F(StoreFailure, ClassesComeWithTheirMetadata) {
 }
 
 TEST_F(StoreFailure, TransactionsAreCommittedWholeOrNotAtAll) {
+  Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY)");
   Sweep(
-      "CREATE TABLE Roads (Id INTEGER PRIMARY KEY)",
       [this] {
         FdoPtr<Connection> connection = store_.Open();
         FdoPtr<FdoITransaction> transaction = connection->BeginTransaction();
@@ -130,8 +45,8 @@ TEST_F(StoreFailure, TransactionsAreCommittedWholeOrNotAtAll) {
 }
 
 TEST_F(StoreFailure, WriteBatchesAreSettledWholeOrNotAtAll) {
+  Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY)");
   Sweep(
-      "CREATE TABLE Roads (Id INTEGER PRIMARY KEY)",
       [this] {
         FdoPtr<Connection> connection = store_.Open();
         for (int id = 1; id <= 3; ++id) {
@@ -154,16 +69,15 @@ TEST_F(StoreFailure, NewFilesAreMadeWholeOrNotAtAll) {
     properties->SetProperty(L"UseFdoMetadata", L"TRUE");
     create->Execute();
   };
-  std::filesystem::path const file = store_.Directory().Path() / "store.sqlite";
   work();
   for (FaultCase const& row : kFaults) {
     SCOPED_TRACE(row.name);
-    FailingSqlite sqlite;
+    fdo::FailingSqlite sqlite;
     int const failures = ForEach(sqlite, row, [&] {
-      std::filesystem::remove(file);
+      std::filesystem::remove(file_);
       bool const succeeded = Runs(work);
       sqlite.Heal();
-      EXPECT_EQ(std::filesystem::exists(file), succeeded);
+      EXPECT_EQ(std::filesystem::exists(file_), succeeded);
       if (succeeded) {
         EXPECT_EQ(store_.Rows("SELECT count(*) FROM geometry_columns"), "0");
       }

@@ -1,0 +1,119 @@
+// Commands on rows when SQLite fails.
+#include "sdk/providers/sqlite/failure_sweep.h"
+#include "sdk/providers/sqlite/row_commands.h"
+
+namespace fdo_sqlite {
+namespace {
+
+constexpr char kPlaces[] =
+    "CREATE TABLE geometry_columns (f_table_name TEXT, f_geometry_column TEXT, geometry_type INTEGER,"
+    " coord_dimension INTEGER, srid INTEGER, geometry_format TEXT);"
+    "INSERT INTO geometry_columns VALUES ('Places', 'Shape', 1, 2, NULL, 'WKB');"
+    "CREATE TABLE Places (Id INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Size DOUBLE, Shape BLOB);"
+    "INSERT INTO Places (Name, Size, Shape) VALUES"
+    " ('one', 1.5, x'0101000000000000000000F03F000000000000F03F'), ('two', 2.5, NULL),"
+    " ('three', NULL, x'010100000000000000000022400000000000002240')";
+constexpr char kNames[] = "SELECT group_concat(Name || coalesce(Size, '')) FROM Places";
+
+class RowFailure : public FailureSweep {
+ protected:
+  RowFailure() { Begin(kPlaces); }
+};
+
+TEST_F(RowFailure, InsertsThroughOneCommandAreWholeOrAbsent) {
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoIInsert> insert = MakeInsertInto(connection, L"Places");
+        GiveText(insert, L"Name", L"'more'");
+        GiveText(insert, L"Shape", L"GeomFromText('POINT (3 4)')");
+        for (int i = 0; i < 3; ++i) {
+          FdoPtr<FdoIFeatureReader> reader = insert->Execute();
+          reader->ReadNext();
+        }
+        insert = nullptr;
+        connection->Close();
+      },
+      kNames);
+}
+
+TEST_F(RowFailure, UpdatesAreWholeOrAbsent) {
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoIUpdate> update = Make<FdoIUpdate>(connection, FdoCommandType_Update);
+        update->SetFeatureClassName(L"Places");
+        update->SetFilter(L"Id > 1");
+        GiveText(update, L"Size", L"7");
+        EXPECT_EQ(update->Execute(), 2);
+      },
+      kNames);
+}
+
+TEST_F(RowFailure, DeletesAreWholeOrAbsent) {
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoIDelete> remove = Make<FdoIDelete>(connection, FdoCommandType_Delete);
+        remove->SetFeatureClassName(L"Places");
+        remove->SetFilter(L"Name LIKE 't%'");
+        EXPECT_EQ(remove->Execute(), 2);
+      },
+      kNames);
+}
+
+TEST_F(RowFailure, SelectsGiveEveryRowOrThrow) {
+  SweepReading([this] {
+    FdoPtr<Connection> connection = store_.Open();
+    FdoPtr<FdoISelect> select = MakeSelectOf(connection, L"Places", L"Size > 1 OR Size NULL");
+    FdoPtr<FdoIFeatureReader> reader = select->Execute();
+    std::string rows;
+    while (reader->ReadNext()) {
+      rows += fdo_sdk::Utf8FromWide(reader->GetString(L"Name"));
+      if (reader->IsNull(L"Shape")) continue;
+      FdoPtr<FdoByteArray> shape = reader->GetGeometry(L"Shape");
+      rows += std::to_string(shape->GetCount());
+    }
+    return rows;
+  });
+}
+
+TEST_F(RowFailure, SpatialConditionsAnswerOrThrow) {
+  for (FdoString* filter : {L"Shape ENVELOPEINTERSECTS GeomFromText('POLYGON ((0 0, 2 0, 2 2, 0 2, 0 0))')",
+                            L"Shape WITHIN GeomFromText('POLYGON ((0 0, 20 0, 20 20, 0 20, 0 0))')"}) {
+    SCOPED_TRACE(fdo_sdk::Utf8FromWide(filter));
+    SweepReading([this, filter] {
+      FdoPtr<Connection> connection = store_.Open();
+      FdoPtr<FdoIFeatureReader> reader = MakeSelectOf(connection, L"Places", filter)->Execute();
+      std::string const ids = Numbers(reader, L"Id");
+      reader->Close();
+      connection->Close();
+      return ids;
+    });
+  }
+}
+
+TEST_F(RowFailure, AggregatesAnswerOrThrow) {
+  SweepReading([this] {
+    FdoPtr<Connection> connection = store_.Open();
+    FdoPtr<FdoISelectAggregates> select =
+        Make<FdoISelectAggregates>(connection, FdoCommandType_SelectAggregates);
+    select->SetFeatureClassName(L"Places");
+    FdoPtr<FdoIdentifierCollection> wanted = select->GetPropertyNames();
+    FdoString* const totals[][2] = {
+        {L"Number", L"Count()"}, {L"Middle", L"Median(Size)"}, {L"Box", L"SpatialExtents(Shape)"}};
+    for (auto const& [name, text] : totals) {
+      FdoPtr<FdoExpression> expression = FdoExpression::Parse(text);
+      FdoPtr<FdoComputedIdentifier> total = FdoComputedIdentifier::Create(name, expression);
+      wanted->Add(total);
+    }
+    FdoPtr<FdoIDataReader> reader = select->Execute();
+    EXPECT_TRUE(reader->ReadNext());
+    FdoPtr<FdoByteArray> box = reader->GetGeometry(L"Box");
+    return std::to_string(reader->GetInt64(L"Number")) + " " + std::to_string(reader->GetDouble(L"Middle")) +
+           " " + std::to_string(box->GetCount());
+  });
+}
+
+}  // namespace
+}  // namespace fdo_sqlite
