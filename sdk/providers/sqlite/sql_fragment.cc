@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "sdk/providers/sqlite/spatial_operand.h"
+#include "sdk/providers/sqlite/sqlite_failure.h"
 #include "sdk/runtime/core/utf8.h"
 
 namespace fdo_sqlite {
@@ -141,8 +142,9 @@ int BindParameters(sqlite3_stmt* statement, std::vector<SqlParameter> const& par
   for (SqlParameter const& parameter : parameters) {
     int const code = Bind(statement, first, parameter);
     if (code != SQLITE_OK) {
-      Refuse(std::wstring(L"A value of the filter cannot be given to SQLite: ") +
-             static_cast<FdoString*>(FdoStringP(sqlite3_errstr(code))) + L".");
+      sqlite3* const database = sqlite3_db_handle(statement);
+      ThrowFailure<FdoCommandException>(fdo_sdk::WideFromUtf8(sqlite3_db_filename(database, "main")), L"read",
+                                        code, database);
     }
     ++first;
   }
