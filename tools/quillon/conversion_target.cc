@@ -43,6 +43,10 @@ ConversionTarget::ConversionTarget(std::string name, std::wstring path, TargetFo
   if (!format.provider.empty()) {
     bool const created = CreateThroughFdo(format.provider, source, columns);
     auto const lines = session_.TakeDiagnostics();
+    for (auto const& line : lines) {
+      // The rows are not touched by it, but their coordinate system is lost.
+      if (created && line.rfind("Failed to create spatial context", 0) == 0) session_.console.Note(line);
+    }
     if (created) return;
     database_ = nullptr;
     std::error_code ignored;
