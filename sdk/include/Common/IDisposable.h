@@ -24,6 +24,9 @@ namespace FdoInternal {
 // is enabled for the whole process.
 FDO_API_COMMON FdoInt32 ChangeReferenceCount(FdoInt32& count, FdoInt32 change, bool locked);
 
+// Counts references for the library itself, without a call.
+struct Counting;
+
 template <class T>
 T* SafeAddRef(T* object) {
   if (object != nullptr) object->AddRef();
@@ -59,6 +62,8 @@ class FDO_API_COMMON FdoIDisposable {
   bool m_objectThreadLockingEnabled;
 
  private:
+  friend struct FdoInternal::Counting;
+
   FdoInt32 m_refCount;
 };
 

@@ -1,44 +1,27 @@
-#include <atomic>
-
 #include "Common/Disposable.h"
-#include "Common/IDisposable.h"
+#include "sdk/runtime/core/counting.h"
 
-namespace {
+using FdoInternal::Counting;
 
-std::atomic<bool> globalLocking{false};
-
-// Apart from ChangeReferenceCount, whose calls go through the loader because it is exported.
-inline FdoInt32 Change(FdoInt32& count, FdoInt32 change, bool locked) {
-  if (locked || globalLocking.load(std::memory_order_relaxed)) {
-    // Whoever takes the last reference must see all that was done through the others.
-    return std::atomic_ref<FdoInt32>(count).fetch_add(change, std::memory_order_acq_rel) + change;
-  }
-  return count += change;
-}
-
-}  // namespace
+std::atomic<bool> fdo_sdk::globalLocking{false};
 
 FdoInt32 FdoInternal::ChangeReferenceCount(FdoInt32& count, FdoInt32 change, bool locked) {
-  return Change(count, change, locked);
+  return fdo_sdk::ChangeCount(count, change, locked);
 }
 
-void FdoIDisposable::EnableGlobalThreadLocking(bool enable) { globalLocking.store(enable); }
+void FdoIDisposable::EnableGlobalThreadLocking(bool enable) { fdo_sdk::globalLocking.store(enable); }
 
-bool FdoIDisposable::GetGlobalThreadLockingFlag() { return globalLocking.load(); }
+bool FdoIDisposable::GetGlobalThreadLockingFlag() { return fdo_sdk::globalLocking.load(); }
 
 FdoIDisposable::FdoIDisposable() : m_objectThreadLockingEnabled(false), m_refCount(1) {}
 
 FdoIDisposable::~FdoIDisposable() = default;
 
-FdoInt32 FdoIDisposable::AddRef() { return Change(m_refCount, 1, m_objectThreadLockingEnabled); }
+FdoInt32 FdoIDisposable::AddRef() { return Counting::AddRef(*this); }
 
-FdoInt32 FdoIDisposable::Release() {
-  FdoInt32 const left = Change(m_refCount, -1, m_objectThreadLockingEnabled);
-  if (left == 0) Dispose();
-  return left;
-}
+FdoInt32 FdoIDisposable::Release() { return Counting::Release(*this); }
 
-FdoInt32 FdoIDisposable::GetRefCount() { return Change(m_refCount, 0, m_objectThreadLockingEnabled); }
+FdoInt32 FdoIDisposable::GetRefCount() { return Counting::Change(*this, 0); }
 
 void FdoIDisposable::EnableObjectThreadLocking(bool enable) { m_objectThreadLockingEnabled = enable; }
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "Geometry/IEnvelope.h"
+#include "sdk/runtime/core/counting.h"
 #include "sdk/runtime/geometry/fgf_box.h"
 
 namespace fdo_sdk {
@@ -26,6 +27,12 @@ class EmbeddedEnvelope final : public FdoIEnvelope {
     ordinates_[5] = hasZ ? box.maxZ : kNotSet;
   }
 
+  // Requires: the envelope is that of a point without Z, or empty.
+  void BecomePoint(double x, double y) {
+    ordinates_[0] = ordinates_[3] = x;
+    ordinates_[1] = ordinates_[4] = y;
+  }
+
   double GetMinX() const override { return ordinates_[0]; }
   double GetMinY() const override { return ordinates_[1]; }
   double GetMinZ() const override { return ordinates_[2]; }
@@ -36,8 +43,8 @@ class EmbeddedEnvelope final : public FdoIEnvelope {
   // Both ordinates are set or neither is.
   bool GetIsEmpty() const override { return ordinates_[0] != ordinates_[0]; }
 
-  FdoInt32 AddRef() override { return owner_.FdoIDisposable::AddRef(); }
-  FdoInt32 Release() override { return owner_.FdoIDisposable::Release(); }
+  FdoInt32 AddRef() override { return FdoInternal::Counting::AddRef(owner_); }
+  FdoInt32 Release() override { return FdoInternal::Counting::Release(owner_); }
   FdoInt32 GetRefCount() override { return owner_.FdoIDisposable::GetRefCount(); }
   void EnableObjectThreadLocking(bool enable) override { owner_.EnableObjectThreadLocking(enable); }
 

@@ -48,11 +48,6 @@ FdoIGeometry* FdoFgfGeometryFactory::CreateGeometryFromFgf(FdoByteArray* byteArr
   return MakeGeometry({data, static_cast<std::size_t>(byteArray->GetCount()), FDO_SAFE_ADDREF(byteArray)});
 }
 
-FdoIGeometry* FdoFgfGeometryFactory::CreateGeometryFromFgf(FdoByte const* byteArray, FdoInt32 count) {
-  if (count < 0) fdo_sdk::ThrowInvalidFgf();
-  return MakeGeometry({byteArray, static_cast<std::size_t>(count), {}});
-}
-
 FdoByteArray* FdoFgfGeometryFactory::GetFgf(FdoIGeometry* geometry) {
   FgfBacked const* const own = AsFgfBacked(geometry);
   if (own == nullptr) ThrowFailure(L"The geometry was not made by this factory.");

@@ -34,8 +34,6 @@ FgfBacked const* AsFgfBacked(FdoIGeometry const* geometry) {
 }
 
 FdoIGeometry* MakeGeometry(FgfBytes bytes) {
-  // The whole object of a point takes less time than the walk over any stream.
-  if (IsPointXy(bytes.data, bytes.size)) return new FgfPoint(std::move(bytes), ScanPointXy(bytes.data));
   FgfScan const scan = ScanFgf(bytes.data, bytes.size);
   switch (scan.type) {
     case FdoGeometryType_Point:

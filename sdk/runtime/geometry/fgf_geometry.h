@@ -34,6 +34,15 @@ class FgfBacked {
  protected:
   virtual ~FgfBacked() = default;
 
+  // Makes another geometry of this one.
+  // Requires: this and the bytes are points in XY, the bytes are borrowed, and nobody holds this.
+  void BecomePoint(FdoByte const* bytes, double x, double y) {
+    bytes_.data = bytes;
+    scan_.box.minX = scan_.box.maxX = x;
+    scan_.box.minY = scan_.box.maxY = y;
+    serial_.store(0, std::memory_order_relaxed);
+  }
+
  private:
   FgfBytes bytes_;
   FgfScan scan_;
@@ -54,7 +63,10 @@ class FgfGeometry : public Interface, public FgfBacked {
   FgfGeometry(FgfBytes&& bytes, FgfScan const& scan)
       : FgfBacked(std::move(bytes), scan), envelope_(*this, scan.box) {}
 
-  FdoIEnvelope* GetEnvelope() const override { return FDO_SAFE_ADDREF(&envelope_); }
+  FdoIEnvelope* GetEnvelope() const override {
+    envelope_.AddRef();
+    return &envelope_;
+  }
   FdoInt32 GetDimensionality() const override { return Scan().dimensionality; }
   FdoGeometryType GetDerivedType() const override { return static_cast<FdoGeometryType>(Scan().type); }
   FdoString* GetText() override;
@@ -65,6 +77,12 @@ class FgfGeometry : public Interface, public FgfBacked {
 
  protected:
   void Dispose() override { delete this; }
+
+  void BecomePoint(FdoByte const* bytes, double x, double y) {
+    FgfBacked::BecomePoint(bytes, x, y);
+    envelope_.BecomePoint(x, y);
+    text_.reset();
+  }
 
  private:
   mutable EmbeddedEnvelope envelope_;  // mutable for its count, which is this object's

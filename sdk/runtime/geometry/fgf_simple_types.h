@@ -15,11 +15,15 @@ class FgfPoint final : public FgfGeometry<FdoIPoint> {
   void GetPositionByMembers(double* x, double* y, double* z, double* m,
                             FdoInt32* dimensionality) const override;
   double const* GetOrdinates() override;
+  FdoInt32 Release() override;
 
  protected:
-  void Dispose() override { delete this; }  // of a final class, which needs no second virtual call
+  // Keeps the object for the next point where it can, see kept_points.cc.
+  void Dispose() override;
 
  private:
+  friend class PointMaker;
+
   PositionSpan Position() const { return {Bytes().data + kPointHead, 1, Scan().dimensionality}; }
 
   LentOrdinates lent_;

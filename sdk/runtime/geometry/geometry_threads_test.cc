@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstring>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "FdoGeometry.h"
@@ -10,19 +12,30 @@ namespace {
 
 constexpr int kManyGeometries = 300;  // more than a thread keeps the memory of
 
-using Geometries = std::vector<FdoPtr<FdoIGeometry>>;
+// The bytes outlive the geometries that borrow them.
+struct Geometries {
+  std::vector<std::array<FdoByte, 24>> bytes;
+  std::vector<FdoPtr<FdoIGeometry>> all;
+};
 
+// Points whose bytes are borrowed and points that hold their array, by turns.
 Geometries MakePoints(double x) {
   FdoPtr<FdoFgfGeometryFactory> factory = FdoFgfGeometryFactory::GetInstance();
   Geometries points;
+  points.bytes.resize(kManyGeometries);
   for (int y = 0; y < kManyGeometries; ++y) {
     FdoInt32 const head[] = {FdoGeometryType_Point, FdoDimensionality_XY};
     double const position[] = {x, static_cast<double>(y)};
-    FdoByte bytes[sizeof(head) + sizeof(position)];
+    FdoByte* const bytes = points.bytes[static_cast<std::size_t>(y)].data();
+    constexpr FdoInt32 kSize = sizeof(head) + sizeof(position);
     std::memcpy(bytes, head, sizeof(head));
     std::memcpy(bytes + sizeof(head), position, sizeof(position));
-    FdoPtr<FdoByteArray> array = FdoByteArray::Create(bytes, sizeof(bytes));
-    points.push_back(FdoPtr<FdoIGeometry>(factory->CreateGeometryFromFgf(array)));
+    if (y % 2 == 0) {
+      points.all.push_back(FdoPtr<FdoIGeometry>(factory->CreateGeometryFromFgf(bytes, kSize)));
+    } else {
+      FdoPtr<FdoByteArray> array = FdoByteArray::Create(bytes, kSize);
+      points.all.push_back(FdoPtr<FdoIGeometry>(factory->CreateGeometryFromFgf(array)));
+    }
   }
   return points;
 }
@@ -30,7 +43,7 @@ Geometries MakePoints(double x) {
 int CountRight(Geometries const& points, double x) {
   int right = 0;
   for (int y = 0; y < kManyGeometries; ++y) {
-    FdoPtr<FdoIEnvelope> box = points[static_cast<std::size_t>(y)]->GetEnvelope();
+    FdoPtr<FdoIEnvelope> box = points.all[static_cast<std::size_t>(y)]->GetEnvelope();
     right += box->GetMinX() == x && box->GetMaxX() == x && box->GetMinY() == y && box->GetMaxY() == y;
   }
   return right;
@@ -44,7 +57,7 @@ TEST(GeometryThreads, AGeometryMayEndOnAnotherThreadThanItsMakers) {
     std::thread([&] {
       Geometries const own = MakePoints(-round);
       right = CountRight(points, round) + CountRight(own, -round);
-      points.clear();
+      points.all.clear();
       // What the others gave back serves these.
       right += CountRight(MakePoints(round + 0.5), round + 0.5) + CountRight(own, -round);
     }).join();
@@ -67,17 +80,17 @@ TEST(GeometryThreads, ThreadsMakeAndEndGeometriesAtOnce) {
 
 // Ended after the thread's other objects, the last ones of all.
 struct EndsLate {
-  FdoPtr<FdoIGeometry> point;
+  Geometries points;
 };
 thread_local EndsLate endsLate;
 
 TEST(GeometryThreads, AGeometryMayOutliveWhatItsThreadKeeps) {
   int right = 0;
   std::thread([&] {
-    endsLate.point = nullptr;  // made before the thread keeps anything, so destroyed after that
+    endsLate.points.all.clear();  // made before the thread keeps anything, so destroyed after that
     Geometries points = MakePoints(7);
     right = CountRight(points, 7);
-    endsLate.point = points.back();
+    endsLate.points = std::move(points);
   }).join();
   EXPECT_EQ(right, kManyGeometries);
 }

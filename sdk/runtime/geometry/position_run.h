@@ -29,6 +29,9 @@ class LentOrdinates {
   // A copy of two stretches, one after the other.
   double const* Of(PositionSpan const& first, PositionSpan const& rest);
 
+  // What was lent is gone.
+  void Forget() { copy_.reset(); }
+
  private:
   std::unique_ptr<double[]> copy_;
 };
