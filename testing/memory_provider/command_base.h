@@ -118,7 +118,7 @@ class FeatureCommandBase : public ClassCommandBase<Interface, ConnectionType> {
   FdoPtr<FdoFilter> filter_;
 };
 
-// With properties to read and an order.
+// With properties to read and an order. What orders them is for WithOneOption and ExtendedSelectBase.
 template <class Interface, class ConnectionType = Connection>
 class SelectBase : public FeatureCommandBase<Interface, ConnectionType> {
  public:
@@ -126,13 +126,21 @@ class SelectBase : public FeatureCommandBase<Interface, ConnectionType> {
 
   FdoIdentifierCollection* GetPropertyNames() override { return this->Shared(properties_); }
   FdoIdentifierCollection* GetOrdering() override { return this->Shared(ordering_); }
-  void SetOrderingOption(FdoOrderingOption option) override { this->Take(option_, option); }
-  FdoOrderingOption GetOrderingOption() override { return this->Given(option_); }
 
  protected:
   FdoPtr<FdoIdentifierCollection> properties_ = FdoIdentifierCollection::Create();
   FdoPtr<FdoIdentifierCollection> ordering_ = FdoIdentifierCollection::Create();
   FdoOrderingOption option_ = FdoOrderingOption_Ascending;
+};
+
+// Orders all properties in the same direction.
+template <class Select>
+class WithOneOption : public Select {
+ public:
+  using Select::Select;
+
+  void SetOrderingOption(FdoOrderingOption option) override { this->Take(this->option_, option); }
+  FdoOrderingOption GetOrderingOption() override { return this->Given(this->option_); }
 };
 
 [[noreturn]] inline void RefuseLocks() { throw FdoCommandException::Create(L"The provider has no locks."); }
@@ -178,8 +186,8 @@ class ExtendedSelectBase : public FeatureSelect {
  public:
   using FeatureSelect::FeatureSelect;
 
-  using FeatureSelect::GetOrderingOption;
-  using FeatureSelect::SetOrderingOption;
+  void SetOrderingOption(FdoOrderingOption option) override { this->Take(this->option_, option); }
+  FdoOrderingOption GetOrderingOption() override { return this->Given(this->option_); }
   void SetOrderingOption(FdoString* propertyName, FdoOrderingOption option) override {
     this->Enter();
     this->options_[propertyName == nullptr ? L"" : propertyName] = option;

@@ -84,7 +84,7 @@ class SelectCommand : public FeatureSelectBase<Interface> {
   }
 };
 
-typedef SelectCommand<FdoISelect> Select;
+typedef WithOneOption<SelectCommand<FdoISelect>> Select;
 
 class ExtendedSelect : public ExtendedSelectBase<SelectCommand<FdoIExtendedSelect>> {
  public:

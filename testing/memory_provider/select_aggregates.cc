@@ -10,9 +10,9 @@ namespace {
 
 [[noreturn]] void Refuse(std::wstring const& what) { throw FdoCommandException::Create(what.c_str()); }
 
-class SelectAggregates : public SelectBase<FdoISelectAggregates> {
+class SelectAggregates : public WithOneOption<SelectBase<FdoISelectAggregates>> {
  public:
-  using SelectBase<FdoISelectAggregates>::SelectBase;
+  using WithOneOption<SelectBase<FdoISelectAggregates>>::WithOneOption;
 
   FdoIDataReader* Execute() override {
     std::shared_ptr<Table> const table = ClassTable();

@@ -51,7 +51,7 @@ class SelectCommand : public memory_provider::FeatureSelectBase<Interface, Conne
   }
 };
 
-typedef SelectCommand<FdoISelect, FdoCommandType_Select> Select;
+typedef memory_provider::WithOneOption<SelectCommand<FdoISelect, FdoCommandType_Select>> Select;
 typedef SelectCommand<FdoIExtendedSelect, FdoCommandType_ExtendedSelect> RowsOfExtendedSelect;
 
 class ExtendedSelect : public memory_provider::ExtendedSelectBase<RowsOfExtendedSelect> {
@@ -61,9 +61,12 @@ class ExtendedSelect : public memory_provider::ExtendedSelectBase<RowsOfExtended
   FdoIScrollableFeatureReader* ExecuteScrollable() override { return Answer(&MakeScrollableReader); }
 };
 
-class SelectAggregates : public memory_provider::SelectBase<FdoISelectAggregates, Connection> {
+typedef memory_provider::WithOneOption<memory_provider::SelectBase<FdoISelectAggregates, Connection>>
+    AggregatesBase;
+
+class SelectAggregates : public AggregatesBase {
  public:
-  using memory_provider::SelectBase<FdoISelectAggregates, Connection>::SelectBase;
+  using AggregatesBase::WithOneOption;
 
   FdoIDataReader* Execute() override {
     Recorder& recorder = connection_.p->Executing();
