@@ -2,14 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <vector>
 
+#include "port/small_stack.h"
 #include "sdk/providers/sqlite/sample_class.h"
 #include "sdk/providers/sqlite/spatial_operand.h"
 #include "sdk/providers/sqlite/sql_functions.h"
 #include "sdk/runtime/core/utf8.h"
 #include "sdk/runtime/thrown.h"
-#include "testing/scratch_directory.h"
 
 namespace fdo_sqlite {
 namespace {
@@ -362,6 +364,31 @@ TEST_F(FilterSqlTest, TreesOfAnyDepthThatProgramsBuildAreRefused) {
   }
   EXPECT_EQ(fdo_sdk::MessageThrownBy<FdoCommandException>([&] { TranslateFilter(filter, scope_); }),
             L"The filter is nested too deeply.");
+}
+
+// What text can nest needs no large stack, SQLite's own needs included.
+TEST_F(FilterSqlTest, TheDeepestTextFitsASmallStack) {
+  std::wstring sum = L"Whole = Whole";
+  for (int i = 0; i < 200; ++i) sum += L" + 1";
+  std::wstring nots = L"Whole = 1";
+  for (int i = 0; i < 60; ++i) nots = L"NOT (" + nots + L" OR Big = 2)";
+  std::vector<FdoPtr<FdoFilter>> filters;
+  filters.push_back(FdoPtr<FdoFilter>(FdoFilter::Parse(sum.c_str())));
+  filters.push_back(FdoPtr<FdoFilter>(FdoFilter::Parse(nots.c_str())));
+  for (FdoPtr<FdoFilter> const& filter : filters) {
+    bool ran = false;
+    std::function<void()> job = [&] {
+      try {
+        ExpectPrepares(TranslateFilter(filter, scope_).Where());
+      } catch (FdoException* refused) {
+        refused->Release();
+      }
+      ran = true;
+    };
+    fdo::port::RunOnStack(
+        256 * 1024, [](void* context) { (*static_cast<std::function<void()>*>(context))(); }, &job);
+    EXPECT_TRUE(ran);
+  }
 }
 
 TEST_F(FilterSqlTest, LongListsOfWholeNumbersHaveNoLimit) {

@@ -39,8 +39,11 @@ SpatialOperand::SpatialOperand(FdoByteArray* fgf, FdoDistanceOperations operatio
 }
 
 void SpatialOperand::Read(FdoByteArray* fgf) {
-  geometry_ = factory_->CreateGeometryFromFgf(fgf);
-  StoredGeometry(GeometryFormat::kFgf).Box(fgf->GetData(), static_cast<std::size_t>(fgf->GetCount()), box_);
+  // A copy: the caller may go on to change the array while rows are read.
+  FdoPtr<FdoByteArray> const bytes = FdoByteArray::Create(fgf->GetData(), fgf->GetCount());
+  geometry_ = factory_->CreateGeometryFromFgf(bytes);
+  StoredGeometry(GeometryFormat::kFgf)
+      .Box(bytes->GetData(), static_cast<std::size_t>(bytes->GetCount()), box_);
 }
 
 std::optional<bool> SpatialOperand::Holds(sqlite3_value* stored) const {

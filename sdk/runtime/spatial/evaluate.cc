@@ -207,6 +207,27 @@ bool AnyWithin(GeosSession& session, GeosOperand const& a, double distance, Geos
   return false;
 }
 
+// Whether the two are no further apart than the distance; what is nothing is near to nothing.
+bool IsNear(FgfBacked const& a, FgfBacked const& b, double distance) {
+  OperandCache& cache = OperandCache::OfThisThread();
+  CachedOperand* const cachedA = cache.Find(a);
+  CachedOperand* const cachedB = cache.Find(b);
+  GeosSession& session = GeosSession::OfThisThread();
+  GeosSide sideA(session, a, cachedA);
+  GeosSide sideB(session, b, cachedB);
+  GeosOperand const& operandA = sideA.Operand();
+  GeosOperand const& operandB = sideB.Operand();
+  if (operandA.size() != 1 || operandB.size() != 1) return AnyWithin(session, operandA, distance, operandB);
+  GEOSContextHandle_t const handle = session.Handle();
+  if (GEOSPreparedGeometry const* prepared = sideB.Prepared()) {
+    return session.Answer(GEOSPreparedDistanceWithin_r(handle, prepared, operandA[0].get(), distance));
+  }
+  if (GEOSPreparedGeometry const* prepared = sideA.Prepared()) {
+    return session.Answer(GEOSPreparedDistanceWithin_r(handle, prepared, operandB[0].get(), distance));
+  }
+  return AnyWithin(session, operandA, distance, operandB);
+}
+
 // Moves the positions of each to those of the other that are nearer than the tolerance.
 void Snap(GeosSession& session, GeosOperand& a, double tolerance, GeosOperand const& b) {
   for (GeosGeometry& partA : a) {
@@ -227,12 +248,12 @@ bool HoldsWithin(FgfBacked const& a, Relation relation, FgfBacked const& b, doub
   bool const boxesMeet = boxA.Intersects(boxB);
   if (relation == Relation::kEnvelopeIntersects) return boxesMeet;
   if (!boxesMeet) return relation == Relation::kDisjoint;
+  if (relation == Relation::kIntersects) return IsNear(a, b, tolerance);
+  if (relation == Relation::kDisjoint) return !IsNear(a, b, tolerance);
   GeosSession& session = GeosSession::OfThisThread();
   GeosOperand operandA = BuildOperand(session, a.Bytes().data, a.Bytes().size);
   GeosOperand operandB = BuildOperand(session, b.Bytes().data, b.Bytes().size);
-  if (operandA.empty() || operandB.empty()) return relation == Relation::kDisjoint;
-  if (relation == Relation::kIntersects) return AnyWithin(session, operandA, tolerance, operandB);
-  if (relation == Relation::kDisjoint) return !AnyWithin(session, operandA, tolerance, operandB);
+  if (operandA.empty() || operandB.empty()) return false;
   Snap(session, operandB, tolerance, operandA);
   Snap(session, operandA, tolerance, operandB);
   if (operandA.size() > 1 || operandB.size() > 1) return HoldsForMixed(session, operandA, relation, operandB);
