@@ -201,9 +201,9 @@ void NodeView::Find(FgfBox const& box, std::vector<std::int64_t>& found) const {
   unsigned char const* const rows = Column(Columns(kind_) - 1);
   for (std::size_t i = 0; i < count_; ++i) {
     // All four at once: which one fails is too hard to foresee for a branch each.
-    bool const apart = (LoadAt<double>(minX, i) > box.maxX) | (LoadAt<double>(maxX, i) < box.minX) |
-                       (LoadAt<double>(minY, i) > box.maxY) | (LoadAt<double>(maxY, i) < box.minY);
-    if (!apart) found.push_back(LoadAt<std::int64_t>(rows, i));
+    int const apart = int{LoadAt<double>(minX, i) > box.maxX} | int{LoadAt<double>(maxX, i) < box.minX} |
+                      int{LoadAt<double>(minY, i) > box.maxY} | int{LoadAt<double>(maxY, i) < box.minY};
+    if (apart == 0) found.push_back(LoadAt<std::int64_t>(rows, i));
   }
 }
 
