@@ -2,6 +2,7 @@
 #include <fdo/database_fdo.h>
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <memory>
 #include <new>
 #include <string>
@@ -390,6 +391,17 @@ TEST_F(DatabaseFdoTest, ANameThatFdoRefusesIsADiagnosticLine) {
   EXPECT_EQ(diagnostics_.Lines()[0].find(L"Failed to apply schema, because: "), 0u)
       << diagnostics_.Lines()[0];
   EXPECT_EQ(database.Count(), 2) << "the old tables are still there";
+}
+
+TEST_F(DatabaseFdoTest, TheTextOfALineSurvivesTheCLocale) {
+  ASSERT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+  recorder_->answers.schemas.reset();
+  SetDiagnosticHandler(nullptr, nullptr);
+  testing::internal::CaptureStderr();
+  DatabaseFdo database;
+  EXPECT_FALSE(database.Connect(L"stra\u00DFe=\u65E5", L"OSGeo.SDF", nullptr, false, true));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "FDO connection failure: schema initialization failed, ConnStr: stra\u00DFe=\u65E5\n");
 }
 
 TEST_F(DatabaseFdoTest, ASchemaNeedsAConnection) {

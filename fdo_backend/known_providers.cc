@@ -29,6 +29,7 @@ std::wstring ProblemOf(Attempt attempt) {
 std::wstring ProblemOfRegistered(std::wstring const& name) {
   return ProblemOf([&]() -> std::wstring {
     FdoPtr<IConnectionManager> const manager = FdoFeatureAccessManager::GetConnectionManager();
+    if (manager == nullptr) return L"FDO has no connection manager";
     FdoPtr<FdoIConnection> const connection = manager->CreateConnection(name.c_str());
     return connection == nullptr ? kNoConnection : L"";
   });
