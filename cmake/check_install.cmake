@@ -2,14 +2,7 @@
 # copy alone: once through find_package(Quillon), once through pkg-config.
 #
 #   cmake -DBUILD_DIR=... -DEXAMPLES_DIR=... -DWORK_DIR=... -DLIBDIR=lib -DCXX=g++ -DINPUT=FILE -P check_install.cmake
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result EQUAL 0)
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\n${output}")
-  endif()
-  set(output "${output}" PARENT_SCOPE)
-endfunction()
+include("${CMAKE_CURRENT_LIST_DIR}/run_command.cmake")
 
 file(REMOVE_RECURSE "${WORK_DIR}")
 file(MAKE_DIRECTORY "${WORK_DIR}")
