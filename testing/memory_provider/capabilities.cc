@@ -2,14 +2,12 @@
 
 #include <utility>
 
+#include "sdk/providers/base/plain_capabilities.h"
+
 namespace memory_provider {
 namespace {
 
-template <class Element, std::size_t kLength>
-Element* Array(Element (&elements)[kLength], FdoInt32& length) {
-  length = static_cast<FdoInt32>(kLength);
-  return elements;
-}
+using fdo_provider::Array;
 
 class ConnectionCapabilities : public FdoIConnectionCapabilities {
  public:
@@ -149,57 +147,6 @@ class ExpressionCapabilities : public FdoIExpressionCapabilities {
                                  FdoExpressionType_Parameter};
 };
 
-class RasterCapabilities : public FdoIRasterCapabilities {
- public:
-  bool SupportsRaster() override { return false; }
-  bool SupportsStitching() override { return false; }
-  bool SupportsSubsampling() override { return false; }
-  bool SupportsDataModel(FdoRasterDataModel*) override { return false; }
-
- protected:
-  void Dispose() override { delete this; }
-};
-
-class TopologyCapabilities : public FdoITopologyCapabilities {
- public:
-  bool SupportsTopology() override { return false; }
-  bool SupportsTopologicalHierarchy() override { return false; }
-  bool BreaksCurveCrossingsAutomatically() override { return false; }
-  bool ActivatesTopologyByArea() override { return false; }
-  bool ConstrainsFeatureMovements() override { return false; }
-
- protected:
-  void Dispose() override { delete this; }
-};
-
-class GeometryCapabilities : public FdoIGeometryCapabilities {
- public:
-  FdoGeometryType* GetGeometryTypes(FdoInt32& length) override { return Array(types_, length); }
-  FdoGeometryComponentType* GetGeometryComponentTypes(FdoInt32& length) override {
-    return Array(components_, length);
-  }
-  FdoInt32 GetDimensionalities() override { return FdoDimensionality_Z | FdoDimensionality_M; }
-
- protected:
-  void Dispose() override { delete this; }
-
- private:
-  FdoGeometryType types_[11] = {FdoGeometryType_Point,
-                                FdoGeometryType_LineString,
-                                FdoGeometryType_Polygon,
-                                FdoGeometryType_MultiPoint,
-                                FdoGeometryType_MultiLineString,
-                                FdoGeometryType_MultiPolygon,
-                                FdoGeometryType_MultiGeometry,
-                                FdoGeometryType_CurveString,
-                                FdoGeometryType_CurvePolygon,
-                                FdoGeometryType_MultiCurveString,
-                                FdoGeometryType_MultiCurvePolygon};
-  FdoGeometryComponentType components_[4] = {
-      FdoGeometryComponentType_LinearRing, FdoGeometryComponentType_CircularArcSegment,
-      FdoGeometryComponentType_LineStringSegment, FdoGeometryComponentType_Ring};
-};
-
 }  // namespace
 
 FdoIConnectionCapabilities* MakeConnectionCapabilities() { return new ConnectionCapabilities(); }
@@ -209,8 +156,8 @@ FdoICommandCapabilities* MakeCommandCapabilities(std::vector<FdoInt32> commandTy
 }
 FdoIFilterCapabilities* MakeFilterCapabilities() { return new FilterCapabilities(); }
 FdoIExpressionCapabilities* MakeExpressionCapabilities() { return new ExpressionCapabilities(); }
-FdoIRasterCapabilities* MakeRasterCapabilities() { return new RasterCapabilities(); }
-FdoITopologyCapabilities* MakeTopologyCapabilities() { return new TopologyCapabilities(); }
-FdoIGeometryCapabilities* MakeGeometryCapabilities() { return new GeometryCapabilities(); }
+FdoIRasterCapabilities* MakeRasterCapabilities() { return new fdo_provider::NoRasters(); }
+FdoITopologyCapabilities* MakeTopologyCapabilities() { return new fdo_provider::NoTopology(); }
+FdoIGeometryCapabilities* MakeGeometryCapabilities() { return new fdo_provider::AllGeometries(); }
 
 }  // namespace memory_provider

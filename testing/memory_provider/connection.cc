@@ -1,8 +1,9 @@
 #include "testing/memory_provider/connection.h"
 
+#include "sdk/providers/base/property_dictionary.h"
 #include "testing/memory_provider/capabilities.h"
 #include "testing/memory_provider/commands.h"
-#include "testing/memory_provider/property_dictionary.h"
+#include "testing/memory_provider/settings.h"
 
 namespace memory_provider {
 namespace {
@@ -18,9 +19,10 @@ class ConnectionInfo : public FdoIConnectionInfo {
   FdoString* GetFeatureDataObjectsVersion() override { return L"4.0.0.0"; }
   FdoIConnectionPropertyDictionary* GetConnectionProperties() override {
     FdoPtr<Connection> connection = connection_;
-    return new PropertyDictionary<FdoIConnectionPropertyDictionary>(
-        ParseConnectionString(connection_->GetConnectionString()), [connection](Settings const& settings) {
-          connection.p->SetConnectionString(WriteConnectionString(settings).c_str());
+    return new fdo_provider::PropertyDictionary<FdoIConnectionPropertyDictionary>(
+        fdo_provider::ParseConnectionString(KnownSettings(), connection_->GetConnectionString()),
+        [connection](fdo_provider::Settings const& settings) {
+          connection.p->SetConnectionString(fdo_provider::WriteConnectionString(settings).c_str());
         });
   }
   FdoProviderDatastoreType GetProviderDatastoreType() override { return FdoProviderDatastoreType_File; }
@@ -51,7 +53,7 @@ FdoString* Connection::GetConnectionString() { return connectionString_.c_str();
 void Connection::SetConnectionString(FdoString* value) {
   RequireClosed();
   std::wstring const text = value == nullptr ? L"" : value;
-  ParseConnectionString(text);
+  fdo_provider::ParseConnectionString(KnownSettings(), text);
   connectionString_ = text;
 }
 
@@ -68,7 +70,9 @@ void Connection::SetConnectionTimeout(FdoInt32) {
 }
 
 FdoConnectionState Connection::Open() {
-  if (store_ == nullptr) store_ = OpenStore(ParseConnectionString(connectionString_).file);
+  if (store_ == nullptr) {
+    store_ = OpenStore(fdo_provider::ParseConnectionString(KnownSettings(), connectionString_).Value(kFile));
+  }
   return GetConnectionState();
 }
 

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "Fdo.h"
-#include "testing/memory_provider/connection_string.h"
 #include "testing/memory_provider/store.h"
 
 namespace memory_provider {

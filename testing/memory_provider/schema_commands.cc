@@ -1,8 +1,9 @@
 // The commands on schemas and data stores.
+#include "sdk/providers/base/property_dictionary.h"
 #include "testing/memory_provider/command_base.h"
 #include "testing/memory_provider/commands.h"
-#include "testing/memory_provider/property_dictionary.h"
 #include "testing/memory_provider/schema_copy.h"
+#include "testing/memory_provider/settings.h"
 
 namespace memory_provider {
 namespace {
@@ -76,13 +77,13 @@ class CreateDataStore : public CommandBase<FdoICreateDataStore> {
 
   FdoIDataStorePropertyDictionary* GetDataStoreProperties() override {
     FdoPtr<CreateDataStore> command(FDO_SAFE_ADDREF(this));
-    return new PropertyDictionary<FdoIDataStorePropertyDictionary>(
-        settings_, [command](Settings const& settings) { command.p->settings_ = settings; });
+    return new fdo_provider::PropertyDictionary<FdoIDataStorePropertyDictionary>(
+        settings_, [command](fdo_provider::Settings const& settings) { command.p->settings_ = settings; });
   }
-  void Execute() override { CreateStore(settings_.file); }
+  void Execute() override { CreateStore(settings_.Value(kFile)); }
 
  private:
-  Settings settings_;
+  fdo_provider::Settings settings_{KnownSettings()};
 };
 
 }  // namespace
