@@ -1,9 +1,12 @@
 #include "testing/memory_provider/reader.h"
 
+#include "sdk/providers/base/reads_by_name.h"
 #include "testing/memory_provider/value_comparison.h"
 
 namespace memory_provider {
 namespace {
+
+using fdo_provider::ReadsByName;
 
 [[noreturn]] void Refuse(std::wstring const& what) { throw FdoCommandException::Create(what.c_str()); }
 
@@ -121,13 +124,13 @@ void Cursor::RefuseType(FdoInt32 index, bool isNull) const {
 }
 
 FdoIFeatureReader* MakeFeatureReader(Result result, FdoClassDefinition* definition) {
-  return new FeatureReaderBase<FdoIFeatureReader>(std::move(result), definition);
+  return new ReadsByName<FeatureReaderBase<FdoIFeatureReader>>(std::move(result), definition);
 }
 
 FdoIScrollableFeatureReader* MakeScrollableReader(Result result, FdoClassDefinition* definition) {
-  return new ScrollableReader(std::move(result), definition);
+  return new ReadsByName<ScrollableReader>(std::move(result), definition);
 }
 
-FdoIDataReader* MakeDataReader(Result result) { return new DataReader(std::move(result)); }
+FdoIDataReader* MakeDataReader(Result result) { return new ReadsByName<DataReader>(std::move(result)); }
 
 }  // namespace memory_provider

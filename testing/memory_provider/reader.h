@@ -68,7 +68,7 @@ class Cursor {
   std::deque<std::vector<FdoByte>> geometries_;
 };
 
-// Implements FdoIReader for one of its heirs.
+// Implements FdoIReader for one of its heirs, but for the name forms.
 template <class Interface>
 class ReaderBase : public Interface {
  public:
@@ -76,20 +76,6 @@ class ReaderBase : public Interface {
 
   FdoString* GetPropertyName(FdoInt32 index) override { return cursor_.ColumnAt(index).name.c_str(); }
   FdoInt32 GetPropertyIndex(FdoString* name) override { return static_cast<FdoInt32>(cursor_.IndexOf(name)); }
-  bool GetBoolean(FdoString* name) override { return GetBoolean(At(name)); }
-  FdoByte GetByte(FdoString* name) override { return GetByte(At(name)); }
-  FdoDateTime GetDateTime(FdoString* name) override { return GetDateTime(At(name)); }
-  double GetDouble(FdoString* name) override { return GetDouble(At(name)); }
-  FdoInt16 GetInt16(FdoString* name) override { return GetInt16(At(name)); }
-  FdoInt32 GetInt32(FdoString* name) override { return GetInt32(At(name)); }
-  FdoInt64 GetInt64(FdoString* name) override { return GetInt64(At(name)); }
-  float GetSingle(FdoString* name) override { return GetSingle(At(name)); }
-  FdoString* GetString(FdoString* name) override { return GetString(At(name)); }
-  FdoLOBValue* GetLOB(FdoString* name) override { return GetLOB(At(name)); }
-  FdoIStreamReader* GetLOBStreamReader(wchar_t const* name) override { return GetLOBStreamReader(At(name)); }
-  bool IsNull(FdoString* name) override { return IsNull(At(name)); }
-  FdoByteArray* GetGeometry(FdoString* name) override { return GetGeometry(At(name)); }
-  FdoIRaster* GetRaster(FdoString* name) override { return GetRaster(At(name)); }
   bool GetBoolean(FdoInt32 index) override {
     return cursor_.template TypedAt<FdoBooleanValue>(index).GetBoolean();
   }

@@ -6,24 +6,27 @@
 
 namespace fdo_provider {
 
-// Interface is FdoIReader or one of its heirs. Every name is looked up with GetPropertyIndex.
-template <class Interface>
-class ReadsByName : public Interface {
+// Positional implements the position forms of FdoIReader or one of its heirs, and everything else. Every name
+// is looked up with GetPropertyIndex.
+template <class Positional>
+class ReadsByName : public Positional {
  public:
-  using Interface::GetBoolean;
-  using Interface::GetByte;
-  using Interface::GetDateTime;
-  using Interface::GetDouble;
-  using Interface::GetGeometry;
-  using Interface::GetInt16;
-  using Interface::GetInt32;
-  using Interface::GetInt64;
-  using Interface::GetLOB;
-  using Interface::GetLOBStreamReader;
-  using Interface::GetRaster;
-  using Interface::GetSingle;
-  using Interface::GetString;
-  using Interface::IsNull;
+  using Positional::Positional;
+
+  using Positional::GetBoolean;
+  using Positional::GetByte;
+  using Positional::GetDateTime;
+  using Positional::GetDouble;
+  using Positional::GetGeometry;
+  using Positional::GetInt16;
+  using Positional::GetInt32;
+  using Positional::GetInt64;
+  using Positional::GetLOB;
+  using Positional::GetLOBStreamReader;
+  using Positional::GetRaster;
+  using Positional::GetSingle;
+  using Positional::GetString;
+  using Positional::IsNull;
 
   bool GetBoolean(FdoString* name) override { return this->GetBoolean(this->GetPropertyIndex(name)); }
   FdoByte GetByte(FdoString* name) override { return this->GetByte(this->GetPropertyIndex(name)); }

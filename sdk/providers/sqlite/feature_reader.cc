@@ -1,5 +1,6 @@
 #include "sdk/providers/sqlite/feature_reader.h"
 
+#include "sdk/providers/base/reads_by_name.h"
 #include "sdk/providers/sqlite/class_description.h"
 
 namespace fdo_sqlite {
@@ -90,7 +91,7 @@ FeatureShapePtr ShapeOf(StoreClassPtr storeClass, std::vector<int> places) {
 }
 
 FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor cursor, FeatureShapePtr shape) {
-  return new FeatureReader(connection, std::move(cursor), std::move(shape));
+  return new fdo_provider::ReadsByName<FeatureReader>(connection, std::move(cursor), std::move(shape));
 }
 
 }  // namespace fdo_sqlite

@@ -30,8 +30,10 @@ GivenValues::GivenValues(StoreClassPtr storeClass, FdoPropertyValueCollection& v
   binder_ = ValueBinder(columns_);
 }
 
-bool GivenValues::Matches(FdoPropertyValueCollection& values) const {
+bool GivenValues::Bind(Statement& statement, FdoPropertyValueCollection& values,
+                       FdoParameterValueCollection* parameters) {
   if (static_cast<std::size_t>(values.GetCount()) != items_.size()) return false;
+  std::size_t place = 0;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     FdoPtr<FdoPropertyValue> value = values.GetItem(static_cast<FdoInt32>(i));
     FdoPtr<FdoIdentifier> name = value->GetName();
@@ -40,20 +42,11 @@ bool GivenValues::Matches(FdoPropertyValueCollection& values) const {
         std::wcscmp(name->GetName(), items_[i].name.c_str()) != 0) {
       return false;
     }
-  }
-  return true;
-}
-
-void GivenValues::Bind(Statement& statement, FdoPropertyValueCollection& values,
-                       FdoParameterValueCollection* parameters) {
-  std::size_t place = 0;
-  for (std::size_t i = 0; i < items_.size(); ++i) {
     if (!items_[i].isGiven) continue;
-    FdoPtr<FdoPropertyValue> value = values.GetItem(static_cast<FdoInt32>(i));
-    FdoPtr<FdoValueExpression> expression = value->GetValue();
     FdoPtr<FdoLiteralValue> literal = LiteralOf(expression, parameters);
     binder_.Bind(statement, place++, literal);
   }
+  return true;
 }
 
 }  // namespace fdo_sqlite

@@ -19,15 +19,13 @@ class GivenValues {
   // Errors: FdoCommandException* for a property that the class does not have or that is given twice.
   GivenValues(StoreClassPtr storeClass, FdoPropertyValueCollection& values);
 
-  // Whether these are still the properties that the collection gives, in the same order.
-  bool Matches(FdoPropertyValueCollection& values) const;
-
   // The columns that are given, in the order of the collection.
   std::vector<StoreColumn const*> const& Columns() const { return columns_; }
 
   // Binds the values of the collection to the parameters 1, 2, ...
-  // Requires: Matches(values). Errors: as those of ValueBinder::Bind and LiteralOf.
-  void Bind(Statement& statement, FdoPropertyValueCollection& values,
+  // Errors: false when the collection gives other properties than it did, or in another order; also as those
+  // of ValueBinder::Bind and LiteralOf.
+  bool Bind(Statement& statement, FdoPropertyValueCollection& values,
             FdoParameterValueCollection* parameters);
 
  private:

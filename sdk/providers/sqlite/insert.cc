@@ -85,12 +85,15 @@ class Insert : public InsertBase {
 
  private:
   FdoIFeatureReader* Add(Database& database) {
-    InsertPlan& plan = CurrentPlan(database);
-    plan.given.Bind(plan.statement, *values_, parameters_);
+    InsertPlan& plan = BoundPlan(database);
     ResultCursor::KeptRow identity;
     bool const hasRow = plan.statement.Step();
     for (int i = 0; hasRow && i < plan.identity->columns->Count(); ++i) {
       identity.emplace_back(sqlite3_value_dup(sqlite3_column_value(plan.statement.Handle(), i)));
+      if (identity.back() == nullptr) {
+        plan.statement.Reset();
+        Refuse(L"There is not enough memory for the identity of the new feature.");
+      }
     }
     if (hasRow) plan.statement.Step();
     plan.statement.Reset();
@@ -102,11 +105,13 @@ class Insert : public InsertBase {
   }
 
   // Within a transaction nobody else changes the table, so that the last plan mostly holds.
-  InsertPlan& CurrentPlan(Database& database) {
+  InsertPlan& BoundPlan(Database& database) {
     std::uint32_t const version = DataVersion(database);
     bool const holds = plan_ != nullptr && plan_->dataVersion == version && IsPlannedClass() &&
-                       plan_->statement.Handle() != nullptr && plan_->given.Matches(*values_);
-    if (!holds) plan_ = MakePlan(database, version);
+                       plan_->statement.Handle() != nullptr;
+    if (holds && plan_->given.Bind(plan_->statement, *values_, parameters_)) return *plan_;
+    plan_ = MakePlan(database, version);
+    plan_->given.Bind(plan_->statement, *values_, parameters_);
     return *plan_;
   }
 

@@ -1,37 +1,21 @@
-// The readers of the SQLite provider: a ResultCursor as the interface has it.
+// The readers of the SQLite provider: a ResultCursor as the interface has it, but for the name forms.
 #ifndef SDK_PROVIDERS_SQLITE_READER_BASE_H_
 #define SDK_PROVIDERS_SQLITE_READER_BASE_H_
 
 #include <utility>
 
-#include "sdk/providers/base/reads_by_name.h"
 #include "sdk/providers/sqlite/connection.h"
 #include "sdk/providers/sqlite/result_cursor.h"
 
 namespace fdo_sqlite {
 
+// What is made is a fdo_provider::ReadsByName of an heir.
 // Owns: a reference to the connection. A connection that is closed ends the reader: moving it throws.
 template <class Interface>
-class ReaderBase : public fdo_provider::ReadsByName<Interface> {
+class ReaderBase : public Interface {
  public:
   ReaderBase(Connection* connection, ResultCursor cursor)
       : connection_(FDO_SAFE_ADDREF(connection)), cursor_(std::move(cursor)) {}
-
-  using Named = fdo_provider::ReadsByName<Interface>;
-  using Named::GetBoolean;
-  using Named::GetByte;
-  using Named::GetDateTime;
-  using Named::GetDouble;
-  using Named::GetGeometry;
-  using Named::GetInt16;
-  using Named::GetInt32;
-  using Named::GetInt64;
-  using Named::GetLOB;
-  using Named::GetLOBStreamReader;
-  using Named::GetRaster;
-  using Named::GetSingle;
-  using Named::GetString;
-  using Named::IsNull;
 
   FdoString* GetPropertyName(FdoInt32 index) override { return cursor_.ColumnAt(index).name.c_str(); }
   FdoInt32 GetPropertyIndex(FdoString* name) override { return cursor_.IndexOf(name); }

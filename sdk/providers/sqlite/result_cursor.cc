@@ -62,57 +62,73 @@ FdoInt32 ResultCursor::IndexOf(FdoString* name) {
   return lastIndex_ = found;
 }
 
+void ResultCursor::MakeCells() {
+  buffers_.cells = std::make_unique<Cell[]>(static_cast<std::size_t>(columns_->Count()));
+}
+
 bool ResultCursor::IsNull(FdoInt32 index) {
   ResultColumn const& column = ColumnAt(index);
   if (place_ != Place::kOnRow) RefusePlace();
   if (column.type == kGeometryColumn) return ReadGeometry(index).IsNull();
-  sqlite3_value* const value = Raw(index);
-  return value != nullptr && sqlite3_value_type(value) == SQLITE_NULL;
+  return ReadCell(index).type == SQLITE_NULL;
 }
 
 bool ResultCursor::Boolean(FdoInt32 index) {
+  Cell const& cell = CellAt(index, FdoDataType_Boolean);
   bool result = false;
-  if (!ReadBoolean(ValueAt(index, FdoDataType_Boolean), result)) RefuseValue(index);
+  if (!ReadBoolean(cell.value, result)) RefuseValue(index);
   return result;
 }
 
 FdoDateTime ResultCursor::DateTime(FdoInt32 index) {
+  Cell const& cell = CellAt(index, FdoDataType_DateTime);
   FdoDateTime result;
-  if (!ReadDateTime(ValueAt(index, FdoDataType_DateTime), result)) RefuseValue(index);
+  if (!ReadDateTime(cell.value, result)) RefuseValue(index);
   return result;
 }
 
 float ResultCursor::Single(FdoInt32 index) {
+  Cell const& cell = CellAt(index, FdoDataType_Single);
   float result = 0;
-  if (!ReadSingle(ValueAt(index, FdoDataType_Single), result)) RefuseValue(index);
+  if (!ReadSingle(cell.value, result)) RefuseValue(index);
   return result;
 }
 
 double ResultCursor::Double(FdoInt32 index) {
   int const type = ColumnAt(index).type;
+  Cell const& cell = CellAt(index, type == FdoDataType_Decimal ? FdoDataType_Decimal : FdoDataType_Double);
+  if (cell.type == SQLITE_FLOAT) return sqlite3_value_double(cell.value);
   double result = 0;
-  if (!ReadReal(ValueAt(index, type == FdoDataType_Decimal ? FdoDataType_Decimal : FdoDataType_Double),
-                result)) {
-    RefuseValue(index);
-  }
+  if (!ReadReal(cell.value, result)) RefuseValue(index);
   return result;
 }
 
 FdoString* ResultCursor::Text(FdoInt32 index) {
-  sqlite3_value* const value = ValueAt(index, FdoDataType_String);
+  Cell const& cell = CellAt(index, FdoDataType_String);
   char number[kNumberTextSize];
-  std::string_view const text = TextOf(value, number);
-  if (text.data() == nullptr && sqlite3_value_type(value) == SQLITE_NULL) RefuseValue(index);
-  if (buffers_.texts == nullptr)
+  std::string_view const text = TextOf(cell.value, number);
+  if (text.data() == nullptr) RequireBytes(index, cell);
+  if (buffers_.texts == nullptr) {
     buffers_.texts = std::make_unique<WideBuffer[]>(static_cast<std::size_t>(columns_->Count()));
+  }
   return buffers_.texts[static_cast<std::size_t>(index)].Decode(text);
+}
+
+// An empty blob has no address either; for the rest, a number or a text in another encoding may have found no
+// memory to become a text in.
+void ResultCursor::RequireBytes(FdoInt32 index, Cell const& cell) {
+  if (cell.type == SQLITE_NULL) RefuseValue(index);
+  if (cell.type != SQLITE_BLOB) {
+    fdo_sqlite::Refuse(L"There is not enough memory to read the property \"" + ColumnAt(index).name + L"\".");
+  }
 }
 
 std::string_view ResultCursor::Bytes(FdoInt32 index) {
   int const type = ColumnAt(index).type;
-  sqlite3_value* const value = ValueAt(index, type == FdoDataType_CLOB ? FdoDataType_CLOB : FdoDataType_BLOB);
-  if (sqlite3_value_type(value) == SQLITE_NULL) RefuseValue(index);
-  return BytesOf(value);
+  Cell const& cell = CellAt(index, type == FdoDataType_CLOB ? FdoDataType_CLOB : FdoDataType_BLOB);
+  std::string_view const bytes = BytesOf(cell.value);
+  if (bytes.data() == nullptr) RequireBytes(index, cell);
+  return bytes;
 }
 
 GeometryBytes ResultCursor::Geometry(FdoInt32 index) {
@@ -131,7 +147,7 @@ GeometryBytes ResultCursor::ReadGeometry(FdoInt32 index) {
   GeometrySlot& slot = buffers_.geometries[static_cast<std::size_t>(index)];
   if (slot.row == buffers_.row) return slot.fgf;
   if (!slot.stored) slot.stored.emplace(columns_->At(index).format);
-  slot.fgf = slot.stored->Fgf(Raw(index));
+  slot.fgf = slot.stored->Fgf(ReadCell(index).value);
   slot.row = buffers_.row;
   return slot.fgf;
 }
@@ -150,13 +166,12 @@ void ResultCursor::RefusePlace() const {
   fdo_sqlite::Refuse(place_ == Place::kClosed ? L"The reader is closed." : L"The reader stands on no row.");
 }
 
-void ResultCursor::RefuseValue(FdoInt32 index) const {
+void ResultCursor::RefuseValue(FdoInt32 index) {
   ResultColumn const& column = ColumnAt(index);
-  sqlite3_value* const value = Raw(index);
-  if (sqlite3_value_type(value) == SQLITE_NULL)
-    fdo_sqlite::Refuse(L"The property \"" + column.name + L"\" is null.");
+  Cell const& cell = ReadCell(index);
+  if (cell.type == SQLITE_NULL) fdo_sqlite::Refuse(L"The property \"" + column.name + L"\" is null.");
   char number[kNumberTextSize];
-  std::string_view const text = TextOf(value, number).substr(0, 100);
+  std::string_view const text = TextOf(cell.value, number).substr(0, 100);
   WideBuffer shown;
   fdo_sqlite::Refuse(L"The value \"" + std::wstring(shown.Decode(text)) +
                      L"\" that is stored for the property \"" + column.name + L"\" does not fit its type, " +

@@ -17,6 +17,13 @@
 
 namespace fdo_sqlite {
 
+// The value of a column in one row.
+struct Cell {
+  std::uint64_t row = 0;
+  sqlite3_value* value = nullptr;  // null where it is the generated id
+  int type = SQLITE_NULL;          // of SQLite
+};
+
 // What was made of the geometry of a column in one row.
 struct GeometrySlot {
   std::uint64_t row = 0;
@@ -24,8 +31,9 @@ struct GeometrySlot {
   std::optional<StoredGeometry> stored;
 };
 
-// What values are converted into, by column; made when the first value needs it.
+// Values and what they are converted into, by column; made when the first value needs it.
 struct CursorBuffers {
+  std::unique_ptr<Cell[]> cells;
   std::unique_ptr<WideBuffer[]> texts;
   std::unique_ptr<GeometrySlot[]> geometries;
   std::uint64_t row = 0;  // counts the rows that have used them
@@ -104,10 +112,15 @@ class ResultCursor {
 
   template <class Integer>
   Integer IntegerAt(FdoInt32 index, FdoDataType type) {
-    sqlite3_value* const value = ValueAt(index, type);
+    Cell const& cell = CellAt(index, type);
+    if (cell.value == nullptr) return static_cast<Integer>(generatedId_);
     Integer result = 0;
-    if (value == nullptr) return static_cast<Integer>(generatedId_);
-    if (!ReadIntegerAs(value, result)) RefuseValue(index);
+    if (cell.type == SQLITE_INTEGER) {
+      std::int64_t const stored = sqlite3_value_int64(cell.value);
+      result = static_cast<Integer>(stored);
+      if (static_cast<std::int64_t>(result) == stored) return result;
+    }
+    if (!ReadIntegerAs(cell.value, result)) RefuseValue(index);
     return result;
   }
 
@@ -124,25 +137,38 @@ class ResultCursor {
   bool MoveFirst();
   bool End() noexcept;
 
-  // Requires: the cursor stands on a row. Null where the value is the generated id.
-  sqlite3_value* Raw(FdoInt32 index) const {
-    if (statement_.IsPrepared()) return sqlite3_column_value(statement_.Handle(), index);
-    return keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
+  // What is asked of a value is first whether it is null, then what it is: SQLite is asked for it once a row.
+  // Requires: the cursor stands on a row.
+  Cell const& ReadCell(FdoInt32 index) {
+    if (buffers_.cells == nullptr) MakeCells();
+    Cell& cell = buffers_.cells[static_cast<std::size_t>(index)];
+    if (cell.row == buffers_.row) return cell;
+    cell.row = buffers_.row;
+    if (statement_.IsPrepared()) {
+      cell.value = sqlite3_column_value(statement_.Handle(), index);
+    } else {
+      cell.value = keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
+    }
+    cell.type = cell.value == nullptr ? SQLITE_INTEGER : sqlite3_value_type(cell.value);
+    return cell;
   }
 
-  sqlite3_value* ValueAt(FdoInt32 index, int type) const {
+  Cell const& CellAt(FdoInt32 index, int type) {
     if (ColumnAt(index).type != type) RefuseType(index);
     if (place_ != Place::kOnRow) RefusePlace();
-    return Raw(index);
+    return ReadCell(index);
   }
 
+  void MakeCells();
   GeometryBytes ReadGeometry(FdoInt32 index);
+
+  void RequireBytes(FdoInt32 index, Cell const& cell);
 
   [[noreturn]] void RefuseIndex(FdoInt32 index) const;
   [[noreturn]] void RefuseType(FdoInt32 index) const;
   [[noreturn]] void RefusePlace() const;
   // For a value that could not be read: because it is null, or because it does not fit.
-  [[noreturn]] void RefuseValue(FdoInt32 index) const;
+  [[noreturn]] void RefuseValue(FdoInt32 index);
 
   ResultColumnsPtr columns_;
   CursorSparesPtr spares_;

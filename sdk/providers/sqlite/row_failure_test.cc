@@ -12,7 +12,8 @@ constexpr char kPlaces[] =
     "CREATE TABLE Places (Id INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Size DOUBLE, Shape BLOB);"
     "INSERT INTO Places (Name, Size, Shape) VALUES"
     " ('one', 1.5, x'0101000000000000000000F03F000000000000F03F'), ('two', 2.5, NULL),"
-    " ('three', NULL, x'010100000000000000000022400000000000002240')";
+    " ('three', NULL, x'010100000000000000000022400000000000002240');"
+    "CREATE TABLE Coded (Code TEXT PRIMARY KEY, Size DOUBLE)";
 constexpr char kNames[] = "SELECT group_concat(Name || coalesce(Size, '')) FROM Places";
 
 class RowFailure : public FailureSweep {
@@ -35,6 +36,31 @@ TEST_F(RowFailure, InsertsThroughOneCommandAreWholeOrAbsent) {
         connection->Close();
       },
       kNames);
+}
+
+TEST_F(RowFailure, KeysThatProgramsGiveAreGivenBackOrAbsent) {
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoIInsert> insert = MakeInsertInto(connection, L"Coded");
+        GiveText(insert, L"Code", L"'K'");
+        FdoPtr<FdoIFeatureReader> reader = insert->Execute();
+        EXPECT_TRUE(reader->ReadNext());
+        EXPECT_STREQ(reader->GetString(L"Code"), L"K");
+        insert = nullptr;
+        connection->Close();
+      },
+      "SELECT count(*) FROM Coded");
+}
+
+TEST_F(RowFailure, LookUpsThroughOneCommandFindTheirRowOrThrow) {
+  SweepReading([this] {
+    FdoPtr<Connection> connection = store_.Open();
+    FdoPtr<FdoISelect> select = MakeSelectOf(connection, L"Places", L"Id = 2");
+    std::wstring names = Texts(FdoPtr<FdoIFeatureReader>(select->Execute()), L"Name");
+    names += Texts(FdoPtr<FdoIFeatureReader>(select->Execute()), L"Name");
+    return fdo_sdk::Utf8FromWide(names);
+  });
 }
 
 TEST_F(RowFailure, UpdatesAreWholeOrAbsent) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "sdk/providers/base/reads_by_name.h"
 #include "sdk/providers/sqlite/command_base.h"
 #include "sdk/providers/sqlite/commands.h"
 #include "sdk/providers/sqlite/data_version.h"
@@ -97,7 +98,7 @@ class SelectAggregates : public SelectAggregatesBase {
       ResultCursor cursor(PrepareBound(database, sql, L"read"), selected.Shape()->columns, nullptr);
       // What was learned before the query is true of it, unless somebody has written in between.
       if (!cursor.WasPreparedAnew() && DataVersion(database) == version) {
-        return new DataReader(connection_, std::move(cursor));
+        return new fdo_provider::ReadsByName<DataReader>(connection_, std::move(cursor));
       }
     }
   }
