@@ -151,8 +151,20 @@ QUILLON_ALWAYS_INLINE int ExprEval::Condition::Follow(Step const& step, Row cons
   }
 }
 
+bool ExprEval::Condition::HoldsAsChain(Row const& row) {
+  bool undecided = true;
+  for (Step const& step : steps_) {
+    if (step.isDear && !undecided) break;
+    undecided &= Follow(step, row) == step.goesOn;
+  }
+  // The last step's way is an outcome, and so is the one of whatever decides before.
+  int const atEnd = steps_.back().goesOn;
+  return undecided ? atEnd == kHolds : atEnd != kHolds;
+}
+
 bool ExprEval::Condition::Holds(Row const& row) {
   for (std::size_t i = 0; i < cells_.size(); ++i) cells_[i] = &row[columns_[i]];
+  if (isChain_) return HoldsAsChain(row);
   int at = first_;
   while (at >= 0) at = Follow(steps_[static_cast<std::size_t>(at)], row);
   return at == kHolds;

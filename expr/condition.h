@@ -55,7 +55,9 @@ class QUILLON_LOCAL ExprEval::Condition {
     int cell = 0;                // in cells_
     int ways[2] = {0, 0};        // where the test does not hold, and where it does
     int ifUnknown = 0;
-    int ifNull = 0;  // where the column is null
+    int ifNull = 0;       // where the column is null
+    int goesOn = 0;       // of a chain: the way that does not decide; of its last step, one of two outcomes
+    bool isDear = false;  // of a chain: not worth taking where it decides nothing
     Number literal = {};
     Number operand = {};            // of the calculation
     wchar_t const* text = nullptr;  // lent by the program
@@ -79,8 +81,14 @@ class QUILLON_LOCAL ExprEval::Condition {
 
   Machine& machine_;
   ExprOptions const options_;
+  // Steps one behind the other, each of which either decides or leaves it to the next, as in a = 1 AND b > 2:
+  // they are taken without a jump between them, which no processor could foresee, for as long as they are
+  // cheap.
+  bool HoldsAsChain(Row const& row);
+
   std::vector<Step> steps_;
   int first_ = 0;
+  bool isChain_ = false;             // the steps are one, in their order
   std::vector<int> columns_;         // those that the program uses, in its order
   std::vector<Value const*> cells_;  // of the row at hand, one for each of columns_
 };

@@ -28,6 +28,7 @@ class ExprEval::Condition::Builder {
     Patch(all.whenFalse, kFails);
     condition_.first_ = all.first;
     for (Step& step : steps_) Finish(step);
+    MakeChain();
     return true;
   }
 
@@ -188,6 +189,29 @@ class ExprEval::Condition::Builder {
       // Null is less than everything else.
       step.ifNull = step.ways[step.test == Test::kColumnLess];
     }
+  }
+
+  // A chain when every step but the last has one way to the next and the other to what decides, which is the
+  // same for all; the last has that one and the opposite. Steps are then put in their order.
+  void MakeChain() {
+    std::vector<Step> chain;
+    int decides = 0;
+    for (int at = condition_.first_; at >= 0; at = chain.back().goesOn) {
+      Step step = steps_[static_cast<std::size_t>(at)];
+      bool const isLast = step.ways[0] < 0 && step.ways[1] < 0;
+      if (!isLast && step.ways[0] >= 0 && step.ways[1] >= 0) return;
+      if (isLast && chain.empty()) return;  // one step needs no chain
+      bool const decidesByTruth = isLast ? step.ways[1] == decides : step.ways[1] < 0;
+      if (!chain.empty() && step.ways[decidesByTruth] != decides) return;
+      decides = step.ways[decidesByTruth];
+      step.goesOn = step.ways[!decidesByTruth];
+      if (isLast && step.goesOn == decides) return;
+      step.isDear = step.kind == Kind::kText || step.kind == Kind::kPart;
+      chain.push_back(step);
+    }
+    if (chain.size() != steps_.size()) return;
+    steps_ = std::move(chain);
+    condition_.isChain_ = true;
   }
 
   static int CostOf(Step const& step) {
