@@ -1,9 +1,10 @@
 #include "expr/condition.h"
 
 #include <cmath>
-#include <cwchar>
+#include <utility>
 
 #include "expr/comparison.h"
+#include "expr/same_text.h"
 #include "port/inlining.h"
 
 namespace fdo {
@@ -15,16 +16,6 @@ inline bool Less(long long left, long long right) { return left < right; }
 inline bool Less(double left, double right) { return left < right; }
 inline bool Less(long long left, double right) { return !(static_cast<double>(left) >= right); }
 inline bool Less(double left, long long right) { return left < static_cast<double>(right); }
-
-// Most texts that differ do so early, before a call would pay.
-inline bool IsSameText(wchar_t const* a, wchar_t const* b) {
-  constexpr int kEarly = 8;
-  for (int i = 0; i < kEarly; ++i) {
-    if (a[i] != b[i]) return false;
-    if (a[i] == 0) return true;
-  }
-  return std::wcscmp(a + kEarly, b + kEarly) == 0;
-}
 
 // Whether the test, one of Condition::Test, holds for the column's number.
 template <class Test, class Column, class Literal>
@@ -90,8 +81,8 @@ int ExprEval::Condition::FollowText(Step const& step, Value const& cell, Row con
   int const type = cell.Type();
   wchar_t const* const text = cell.payload_.text;
   if ((type & Value::kKindMask) == Value::kString && text != nullptr) {
-    if (step.test == Test::kEqual) return step.ways[IsSameText(text, step.text)];
-    int const order = std::wcscmp(text, step.text);
+    if (step.test == Test::kEqual) return step.ways[internal::IsSameText(text, step.text)];
+    int const order = internal::CompareText(text, step.text);
     return step.ways[step.test == Test::kColumnLess ? order < 0 : order > 0];
   }
   return type == Value::kNull ? step.ifNull : FollowPart(step, row);
@@ -160,6 +151,32 @@ bool ExprEval::Condition::HoldsAsChain(Row const& row) {
   // The last step's way is an outcome, and so is the one of whatever decides before.
   int const atEnd = steps_.back().goesOn;
   return undecided ? atEnd == kHolds : atEnd != kHolds;
+}
+
+void ExprEval::Condition::MakeLinks() {
+  if (!isChain_ || options_.nullIsUnknown) return;
+  std::vector<Link> links;
+  for (Step const& step : steps_) {
+    bool const isProduct =
+        step.kind == Kind::kCalculated && step.operation == OpMul && !step.literal.isInteger;
+    int first = 0;
+    if (step.kind == Kind::kInteger) {
+      first = static_cast<int>(Code::kIntegerLess);
+    } else if (step.kind == Kind::kReal) {
+      first = static_cast<int>(Code::kRealLess);
+    } else if (isProduct) {
+      first = static_cast<int>(Code::kProductLess);
+    } else if (step.kind == Kind::kText) {
+      first = static_cast<int>(Code::kTextLess);
+    } else {
+      return;
+    }
+    // A null column makes a product of 0.0, which is for the step to compare.
+    links.push_back({static_cast<Code>(first + static_cast<int>(step.test)), step.ways[1] == step.goesOn,
+                     step.ifNull == step.goesOn, columns_[static_cast<std::size_t>(step.cell)],
+                     step.literal.integer, step.literal.real, step.operand.real, step.text});
+  }
+  links_ = std::move(links);
 }
 
 bool ExprEval::Condition::Holds(Row const& row) {

@@ -25,6 +25,14 @@ class QUILLON_LOCAL ExprEval::Condition {
   // order, as the program itself does.
   bool Holds(Row const& row);
 
+  enum class Outcome { kHolds, kFails, kUnexpected };
+  // The same for programs that are a chain of plain tests, kept apart from everything that is rare and free
+  // of calls. kUnexpected where a column holds something else than a text or a number as its literal is, or
+  // is not fetched: nothing has been done then. Requires: FirstColumn() >= 0; cells are those of the row.
+  Outcome FollowLinks(Value const* cells) const;
+  // The column that such a program fetches first; -1 for other programs.
+  int FirstColumn() const { return links_.empty() ? -1 : columns_[0]; }
+
  private:
   // A number as values have them; two of them are less, equal and calculated with as Value does it.
   struct Number {
@@ -81,14 +89,42 @@ class QUILLON_LOCAL ExprEval::Condition {
 
   Machine& machine_;
   ExprOptions const options_;
-  // Steps one behind the other, each of which either decides or leaves it to the next, as in a = 1 AND b > 2:
-  // they are taken without a jump between them, which no processor could foresee, for as long as they are
-  // cheap.
+  // Steps one behind the other, each of which either decides or leaves it to the next, as in a = 1 AND b > 2,
+  // are a chain. Those that are cheap are taken without a jump between them, which no processor could
+  // foresee.
   bool HoldsAsChain(Row const& row);
+
+  // What a chain of tests of columns that hold what is expected of them comes down to.
+  enum class Code : unsigned char {
+    kIntegerLess,
+    kIntegerGreater,
+    kIntegerEqual,
+    kRealLess,
+    kRealGreater,
+    kRealEqual,
+    kProductLess,
+    kProductGreater,
+    kProductEqual,
+    kTextLess,
+    kTextGreater,
+    kTextEqual,
+  };
+  struct Link {
+    Code code;
+    bool goesOnIf;    // the outcome of the test that does not decide
+    bool nullGoesOn;  // whether null does not decide
+    int column = 0;
+    long long integer;  // the literal
+    double real;
+    double factor;        // of a product
+    wchar_t const* text;  // lent by the program
+  };
+  void MakeLinks();
 
   std::vector<Step> steps_;
   int first_ = 0;
   bool isChain_ = false;             // the steps are one, in their order
+  std::vector<Link> links_;          // the same chain, where it is one of such tests only
   std::vector<int> columns_;         // those that the program uses, in its order
   std::vector<Value const*> cells_;  // of the row at hand, one for each of columns_
 };

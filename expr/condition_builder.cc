@@ -29,6 +29,7 @@ class ExprEval::Condition::Builder {
     condition_.first_ = all.first;
     for (Step& step : steps_) Finish(step);
     MakeChain();
+    condition_.MakeLinks();
     return true;
   }
 
@@ -200,8 +201,8 @@ class ExprEval::Condition::Builder {
       Step step = steps_[static_cast<std::size_t>(at)];
       bool const isLast = step.ways[0] < 0 && step.ways[1] < 0;
       if (!isLast && step.ways[0] >= 0 && step.ways[1] >= 0) return;
-      if (isLast && chain.empty()) return;  // one step needs no chain
-      bool const decidesByTruth = isLast ? step.ways[1] == decides : step.ways[1] < 0;
+      // Of a single step either way may be the one that decides.
+      bool const decidesByTruth = isLast ? !chain.empty() && step.ways[1] == decides : step.ways[1] < 0;
       if (!chain.empty() && step.ways[decidesByTruth] != decides) return;
       decides = step.ways[decidesByTruth];
       step.goesOn = step.ways[!decidesByTruth];

@@ -51,8 +51,6 @@ ExprEval& ExprEval::operator=(ExprEval const& other) noexcept {
   return *this;
 }
 
-bool ExprEval::Eval(Row const* row, Value* result) { return machine_->Eval(row, result); }
-
 bool ExprEval::IsComplete() const { return machine_->Runs(); }
 
 std::wstring ExprEval::Listing(TableDef const* table) const {

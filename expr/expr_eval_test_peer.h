@@ -21,7 +21,7 @@ class ExprEvalTestPeer {
   static bool EvalStepwise(ExprEval& eval, Row const* row, Value* result) {
     return eval.machine_->EvalStepwise(row, result);
   }
-  static bool IsFused(ExprEval const& eval) { return eval.machine_->IsFused(); }
+  static bool IsFused(ExprEval const& eval) { return eval.machine_->AsCondition() != nullptr; }
   static std::size_t StackSize(ExprEval const& eval) { return eval.machine_->StackSize(); }
   static OpRec const* Ops(ExprEval const& eval) { return eval.ops_; }
   static Value const* Stack(ExprEval const& eval) { return eval.stack_; }

@@ -39,14 +39,6 @@ ExprEval::Machine::Machine(std::vector<OpRec> program, ExprOptions const& option
 
 ExprEval::Machine::~Machine() = default;
 
-bool ExprEval::Machine::Eval(Row const* row, Value* result) {
-  if (condition_ == nullptr || row == nullptr) return EvalStepwise(row, result);
-  bool const holds = condition_->Holds(*row);
-  if (result == nullptr) return holds;
-  result->Reset(holds);
-  return true;
-}
-
 bool ExprEval::Machine::EvalStepwise(Row const* row, Value* result) {
   if (!runs_) {
     if (result != nullptr) result->Invalidate();

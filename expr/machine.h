@@ -31,11 +31,10 @@ class QUILLON_LOCAL ExprEval::Machine {
   Value* Stack() { return stack_.get() + 1; }
   std::size_t StackSize() const { return stackSize_; }
   bool Runs() const { return runs_; }
-  bool IsFused() const { return condition_ != nullptr; }
 
-  // As ExprEval::Eval.
-  bool Eval(Row const* row, Value* result);
-  // The same, one instruction after the other.
+  // The same program in larger steps; null where there is none.
+  Condition* AsCondition() { return condition_.get(); }
+  // As ExprEval::Eval, one instruction after the other.
   bool EvalStepwise(Row const* row, Value* result);
 
   // Runs a part of the program, whose operands are on the stack.
@@ -72,7 +71,7 @@ class QUILLON_LOCAL ExprEval::Machine {
     FdoPtr<FdoIGeometry> geometry;
   };
   std::vector<Constant> constants_;
-  std::unique_ptr<Condition> condition_;  // the same program in larger steps, where there is one
+  std::unique_ptr<Condition> condition_;
   std::atomic<int> holders_{1};
 };
 
