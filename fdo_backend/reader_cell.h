@@ -6,12 +6,14 @@
 #include <fdo/schema.h>
 #include <fdo/value.h>
 
+#include "port/inlining.h"
 #include "values/date_text.h"
 
 namespace fdo::internal {
 
+// Apart from the rest, whose frame stays small so.
 template <class Key>
-void ReadDateTime(FdoIFeatureReader& reader, Key property, Value& cell) {
+QUILLON_NEVER_INLINE void ReadDateTime(FdoIFeatureReader& reader, Key property, Value& cell) {
   wchar_t text[kDateTextSize];
   if (FormatDateTime(reader.GetDateTime(property), text) > 0) {
     cell.Reset(text, /*copy=*/true);
@@ -21,7 +23,7 @@ void ReadDateTime(FdoIFeatureReader& reader, Key property, Value& cell) {
 }
 
 template <class Key>
-void ReadLargeObject(FdoIFeatureReader& reader, Key property, Value& cell) {
+QUILLON_NEVER_INLINE void ReadLargeObject(FdoIFeatureReader& reader, Key property, Value& cell) {
   FdoPtr<FdoLOBValue> const object = reader.GetLOB(property);
   FdoPtr<FdoByteArray> const bytes = object == nullptr ? nullptr : object->GetData();
   if (bytes == nullptr) {
@@ -37,7 +39,8 @@ void ReadLargeObject(FdoIFeatureReader& reader, Key property, Value& cell) {
 // Key is a position or a name. Text and geometry are borrowed from the reader.
 // Errors: what the reader throws.
 template <class Key>
-void ReadCell(FdoIFeatureReader& reader, Key property, ColumnDef::DataType type, Value& cell) {
+QUILLON_ALWAYS_INLINE void ReadCell(FdoIFeatureReader& reader, Key property, ColumnDef::DataType type,
+                                    Value& cell) {
   if (reader.IsNull(property)) {
     cell.Reset();
     return;
