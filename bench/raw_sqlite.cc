@@ -96,6 +96,16 @@ Work RawSqlite::ReadAllSumTwo() {
   return work;
 }
 
+Work RawSqlite::ReadNarrow() {
+  Statement const statement = Prepare("SELECT narrow FROM rows");
+  Work work;
+  ForEachRow(statement.get(), [&] {
+    work.checksum += OfInteger(sqlite3_column_int64(statement.get(), 0));
+    ++work.amount;
+  });
+  return work;
+}
+
 Work RawSqlite::LookUp(std::span<std::int64_t const> ids) {
   Statement const statement = Prepare(std::string(kSelect) + " WHERE id = ?");
   Work work;

@@ -25,8 +25,12 @@ class RawSqlite {
   Work ReadAll(std::string const& condition);
   // The same, but only "narrow" and "word" add to the checksum.
   Work ReadAllSumTwo();
+  // Reads "narrow" of every row, and no other column.
+  Work ReadNarrow();
   // Reads every cell of the row of each identity, by one prepared statement.
   Work LookUp(std::span<std::int64_t const> ids);
+  // Begins a transaction that is never ended: look-ups need not lock the file any more.
+  void Hold() { Run("BEGIN"); }
   // Inserts the rows by one prepared statement, in transactions of that many.
   Work Insert(std::span<KeptRow const> rows, Shape shape, std::size_t batch);
   // The first row of a query of reals or texts; each column adds its number rounded to thousandths.
