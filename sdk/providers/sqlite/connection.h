@@ -56,8 +56,9 @@ class Connection : public FdoIConnection {
   SpatialIndexes& Indexes();
 
   // To be called before writing, by an insert for each row: the rows that one owner writes share a
-  // transaction, until LeaveWrites. Any address is an owner; it is never looked into. Errors:
-  // FdoCommandException* when the transaction that a program began was undone by a failure.
+  // transaction, until LeaveWrites. Any address is an owner; it is never looked into.
+  //
+  // Errors: FdoCommandException* when the transaction that a program began was undone by a failure.
   void JoinWrites(void const* owner);
   // What cannot be put on disk now is left to the next SettleWrites. Nothing happens while closed.
   void LeaveWrites(void const* owner) noexcept;

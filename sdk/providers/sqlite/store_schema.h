@@ -83,7 +83,7 @@ class StoreSchema {
   // Null when there is none of that name.
   StoreClassPtr FindClass(std::wstring const& name);
 
-  // In the order of the tables in the file.
+  // In the order of the tables in the file. Borrowed: until the next call.
   std::vector<StoreClassPtr> const& Classes();
   std::vector<SpatialContext> const& SpatialContexts();
 

@@ -25,9 +25,6 @@ class WriteBatch {
   // The owner's end. What cannot be settled now is left to the next Settle: to try again, or to tell.
   void Leave(void const* owner) noexcept;
 
-  // Whether a batch is open.
-  bool IsOpen() const { return owner_ != nullptr; }
-
  private:
   Database& database_;
   FdoPtr<FdoException> untold_;  // why a batch whose owner has left could not be settled
