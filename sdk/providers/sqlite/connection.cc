@@ -138,10 +138,7 @@ FdoPhysicalSchemaMapping* Connection::CreateSchemaMapping() {
 
 void Connection::SetConfiguration(FdoIoStream*) { RequireClosed(); }
 
-void Connection::Flush() {
-  SettleWrites();
-  indexes_->Settle();
-}
+void Connection::Flush() { SettleWrites(); }
 
 Database& Connection::OpenedDatabase() {
   if (!database_.IsOpen()) throw FdoCommandException::Create(L"The connection is not open.");

@@ -52,7 +52,7 @@ class Connection : public FdoIConnection {
   // For the commands. Borrowed: until Close. Errors: FdoCommandException* while the connection is closed.
   Database& OpenedDatabase();
   StoreSchema& Schema();
-  // Whoever writes rows notes it there: Flush and Close then bring the indexes up to date.
+  // Whoever writes rows notes it there: Close then brings the indexes up to date.
   SpatialIndexes& Indexes();
 
   // To be called before writing, by an insert for each row: the rows that one owner writes share a

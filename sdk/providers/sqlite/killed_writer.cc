@@ -26,6 +26,7 @@ class Writer {
     for (;;) {
       InsertBatch();
       if (random_() % 3 == 0) connection_->Flush();
+      if (random_() % 3 == 0) Reopen();
       if (random_() % 3 == 0) ChangeBatch();
       if (random_() % 8 == 0) RemoveBatch();
     }
@@ -47,6 +48,12 @@ class Writer {
       geometry->SetValue((L"GeomFromText('POINT (" + place + L")')").c_str());
       FdoPtr<FdoIFeatureReader>(insert->Execute());
     }
+  }
+
+  // Brings the spatial index up to date.
+  void Reopen() {
+    connection_->Close();
+    connection_->Open();
   }
 
   // Two statements in one transaction.

@@ -228,7 +228,7 @@ void SpatialIndex::FoldIfFarBehind() {
     if (now && now == considered_) return;
     considered_ = now;
     Refresh();
-    if (state_ == StoredIndex::State::kNone || !stored_.MayBeStored()) return;
+    if (!stored_.MayBeStored() || (state_ == StoredIndex::State::kNone && !isWritten_)) return;
     if (state_ == StoredIndex::State::kSound) {
       std::int64_t const least = std::max(kManyLoose, stored_.BoxCount() / kLooseShare);
       Statement tail = database_.Prepare("SELECT count(*) FROM (SELECT 1 FROM " + QuotedName(column_.table) +

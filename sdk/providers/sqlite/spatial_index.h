@@ -49,6 +49,10 @@ class SpatialIndex {
   // not concerned (pinned by SpatialIndex.AFileWithoutRoomForAnIndexIsQueriedWithoutIt).
   void Fold() noexcept;
 
+  // To be called when this connection writes rows of the table: from then on a query, too, may make an index.
+  void NoteWrite() { isWritten_ = true; }
+  bool IsWritten() const { return isWritten_; }
+
   // For tests: whether the file has an index that is in use, and how many rows it does not know.
   bool IsStored();
   std::int64_t LooseCount();
@@ -94,6 +98,7 @@ class SpatialIndex {
   std::optional<Stamp> queried_;     // when loose rows were last read
   std::optional<Stamp> considered_;  // when a query last thought of bringing the index up to date
   bool everQueried_ = false;
+  bool isWritten_ = false;
   bool tooMany_ = false;  // for memory
 };
 

@@ -19,9 +19,9 @@ int SpatialIndexes::NumberOf(IndexedColumn const& column) {
 }
 
 void SpatialIndexes::Settle() noexcept {
-  for (int number : written_) Index(number).Fold();
-  // What could not be done now is done by the next Settle after a write, or by a query.
-  written_.clear();
+  for (auto const& index : indexes_) {
+    if (index->IsWritten()) index->Fold();
+  }
 }
 
 }  // namespace fdo_sqlite

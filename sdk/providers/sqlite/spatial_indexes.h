@@ -4,7 +4,6 @@
 
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -41,16 +40,16 @@ class SpatialIndexes {
   }
 
   // To be called by whatever writes rows of a table with that geometry column.
-  void NoteWrite(IndexedColumn const& column) { written_.insert(NumberOf(column)); }
+  void NoteWrite(IndexedColumn const& column) { Of(column).NoteWrite(); }
 
-  // Brings the indexes of what was written up to date, once it is on disk.
+  // Brings the indexes of what was written up to date, once it is on disk; at the end of a connection,
+  // because one large tree is made faster than many that grow.
   void Settle() noexcept;
 
  private:
   Database& database_;
   std::map<IndexedColumn, int> numbers_;
   std::vector<std::unique_ptr<SpatialIndex>> indexes_;
-  std::set<int> written_;  // by number
 };
 
 }  // namespace fdo_sqlite
