@@ -155,9 +155,26 @@ bool SpatialIndex::HasAtLeast(std::int64_t rows) {
 }
 
 bool SpatialIndex::Helps(FgfBox const& box) {
-  FoldIfFarBehind();
+  {
+    ReadHold const hold(database_);
+    Refresh();
+    bool const fold = !(considered_ && considered_ == seen_) && IsFarBehind();
+    considered_ = seen_;
+    if (!fold) return IsReached(box);
+  }
+  // Nobody is kept waiting for another program's lock just for this.
+  int const wait = database_.BusyWait();
+  database_.SetBusyWait(0);
+  Fold();
+  database_.SetBusyWait(wait);
   ReadHold const hold(database_);
   Refresh();
+  considered_ = seen_;
+  return IsReached(box);
+}
+
+// Requires: a ReadHold, and Refresh.
+bool SpatialIndex::IsReached(FgfBox const& box) {
   if (box.IsEmpty()) return true;
   TreeShare share;
   if (state_ == StoredIndex::State::kSound) {
@@ -219,31 +236,19 @@ void SpatialIndex::Fold() noexcept {
   seen_.reset();
 }
 
-void SpatialIndex::FoldIfFarBehind() {
+// Whether a query should bring the index in the file up to date. Requires: a ReadHold, and Refresh.
+bool SpatialIndex::IsFarBehind() {
+  if (!seen_ || database_.IsReadOnly() || database_.InTransaction()) return false;
   // A program that only reads is not to make an index in a file that has none.
-  if (database_.IsReadOnly() || database_.InTransaction() || HasActiveStatements()) return;
-  {
-    ReadHold const hold(database_);
-    std::optional<Stamp> const now = Now();
-    if (now && now == considered_) return;
-    considered_ = now;
-    Refresh();
-    if (!stored_.MayBeStored() || (state_ == StoredIndex::State::kNone && !isWritten_)) return;
-    if (state_ == StoredIndex::State::kSound) {
-      std::int64_t const least = std::max(kManyLoose, stored_.BoxCount() / kLooseShare);
-      Statement tail = database_.Prepare("SELECT count(*) FROM (SELECT 1 FROM " + QuotedName(column_.table) +
-                                         " WHERE " + QuotedName(column_.rowId) + " > ?1 LIMIT ?2)");
-      tail.Bind(1, stored_.IndexedTo());
-      tail.Bind(2, least);
-      tail.Step();
-      if (tail.Int64(0) + static_cast<std::int64_t>(touched_.size()) < least) return;
-    }
-  }
-  // Nobody is kept waiting for another program's lock just for this.
-  int const wait = database_.BusyWait();
-  database_.SetBusyWait(0);
-  Fold();
-  database_.SetBusyWait(wait);
+  if (!stored_.MayBeStored() || (state_ == StoredIndex::State::kNone && !isWritten_)) return false;
+  if (state_ != StoredIndex::State::kSound) return HasAtLeast(kFewRows);
+  std::int64_t const least = std::max(kManyLoose, stored_.BoxCount() / kLooseShare);
+  Statement tail = database_.Prepare("SELECT count(*) FROM (SELECT 1 FROM " + QuotedName(column_.table) +
+                                     " WHERE " + QuotedName(column_.rowId) + " > ?1 LIMIT ?2)");
+  tail.Bind(1, stored_.IndexedTo());
+  tail.Bind(2, least);
+  tail.Step();
+  return tail.Int64(0) + static_cast<std::int64_t>(touched_.size()) >= least;
 }
 
 bool SpatialIndex::IsStored() {

@@ -83,7 +83,8 @@ class SpatialIndex {
   bool IsTouched(std::int64_t row) const;
   bool IsWorthKeeping();
   bool HasAtLeast(std::int64_t rows);
-  void FoldIfFarBehind();
+  bool IsFarBehind();
+  bool IsReached(FgfBox const& box);
   bool HasActiveStatements() const;
 
   Database& database_;
