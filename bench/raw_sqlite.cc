@@ -1,5 +1,6 @@
 #include "bench/raw_sqlite.h"
 
+#include <fdo/geometry_stream.h>
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -116,6 +117,59 @@ Work RawSqlite::LookUp(std::span<std::int64_t const> ids) {
     AddRow(statement.get(), sums);
     sqlite3_reset(statement.get());
     ++work.amount;
+  }
+  work.checksum = Total(sums);
+  return work;
+}
+
+std::int64_t RawSqlite::Number(std::string const& sql) {
+  Statement const statement = Prepare(sql);
+  if (sqlite3_step(statement.get()) != SQLITE_ROW) throw std::runtime_error("a query gives no number");
+  return sqlite3_column_int64(statement.get(), 0);
+}
+
+void RawSqlite::MakeBoxTree() {
+  Run("BEGIN; CREATE VIRTUAL TABLE box USING rtree(id, min_x, max_x, min_y, max_y)");
+  {
+    Statement const read = Prepare("SELECT id, shape FROM rows");
+    Statement const add = Prepare("INSERT INTO box VALUES (?, ?, ?, ?, ?)");
+    ForEachRow(read.get(), [&] {
+      auto const* const fgf = static_cast<unsigned char const*>(sqlite3_column_blob(read.get(), 1));
+      double box[4];
+      FgfBox(fgf, fgf + sqlite3_column_bytes(read.get(), 1), box);
+      sqlite3_bind_int64(add.get(), 1, sqlite3_column_int64(read.get(), 0));
+      sqlite3_bind_double(add.get(), 2, box[0]);
+      sqlite3_bind_double(add.get(), 3, box[2]);
+      sqlite3_bind_double(add.get(), 4, box[1]);
+      sqlite3_bind_double(add.get(), 5, box[3]);
+      if (sqlite3_step(add.get()) != SQLITE_DONE) throw std::runtime_error("the R*Tree takes no row");
+      sqlite3_reset(add.get());
+    });
+  }
+  Run("COMMIT");
+}
+
+Work RawSqlite::ReadBoxes(std::span<Box const> boxes) {
+  Statement const statement = Prepare(
+      "SELECT rows.id, wide, narrow, number, word, moment, flag, shape FROM box CROSS JOIN rows"
+      " ON rows.id = box.id WHERE max_x >= ? AND min_x <= ? AND max_y >= ? AND min_y <= ?");
+  Work work;
+  ColumnSums sums{};
+  for (Box const& box : boxes) {
+    sqlite3_bind_double(statement.get(), 1, box.minX);
+    sqlite3_bind_double(statement.get(), 2, box.maxX);
+    sqlite3_bind_double(statement.get(), 3, box.minY);
+    sqlite3_bind_double(statement.get(), 4, box.maxY);
+    ForEachRow(statement.get(), [&] {
+      // The R*Tree rounds to 32 bits, outwards.
+      auto const* const fgf = static_cast<unsigned char const*>(sqlite3_column_blob(statement.get(), 7));
+      double own[4];
+      FgfBox(fgf, fgf + sqlite3_column_bytes(statement.get(), 7), own);
+      if (own[0] > box.maxX || own[2] < box.minX || own[1] > box.maxY || own[3] < box.minY) return;
+      AddRow(statement.get(), sums);
+      ++work.amount;
+    });
+    sqlite3_reset(statement.get());
   }
   work.checksum = Total(sums);
   return work;

@@ -15,6 +15,10 @@ struct sqlite3_stmt;
 
 namespace fdo::bench {
 
+struct Box {
+  double minX, minY, maxX, maxY;
+};
+
 // A connection to a file whose table "rows" is as SqliteStore makes it.
 // Errors of all operations: std::runtime_error.
 class RawSqlite {
@@ -33,6 +37,12 @@ class RawSqlite {
   void Hold() { Run("BEGIN"); }
   // Inserts the rows by one prepared statement, in transactions of that many.
   Work Insert(std::span<KeptRow const> rows, Shape shape, std::size_t batch);
+  // Makes an R*Tree "box" of the rows' boxes. Requires: the geometries are FGF.
+  void MakeBoxTree();
+  // Reads every cell of the rows in each box, found by a join with the R*Tree.
+  Work ReadBoxes(std::span<Box const> boxes);
+  // The one number that a query gives.
+  std::int64_t Number(std::string const& sql);
   // The first row of a query of reals or texts; each column adds its number rounded to thousandths.
   Work Aggregate(std::string const& sql, double amount);
 

@@ -21,6 +21,7 @@ struct Format {
 
 // A scan needs no index of the boxes, and making one takes longer than all the rest.
 constexpr Format kGpkg{"GPKG", "rows.gpkg", kOftDateTime, {"SPATIAL_INDEX=NO", nullptr}};
+constexpr Format kIndexedGpkg{"GPKG", "rows.gpkg", kOftDateTime, {"SPATIAL_INDEX=YES", nullptr}};
 constexpr Format kFgb{"FlatGeobuf", "rows.fgb", kOftDateTime, {"SPATIAL_INDEX=NO", nullptr}};
 constexpr Format kShp{"ESRI Shapefile", "rows.shp", kOftDate, {"ENCODING=UTF-8", nullptr}};
 
@@ -31,9 +32,14 @@ struct VectorData {
 };
 
 constexpr VectorData kVectorData[] = {
-    {"gpkg points", kGpkg, Shape::kPoint}, {"gpkg polygons", kGpkg, Shape::kPolygon},
-    {"fgb points", kFgb, Shape::kPoint},   {"fgb polygons", kFgb, Shape::kPolygon},
-    {"shp points", kShp, Shape::kPoint},   {"shp polygons", kShp, Shape::kPolygon},
+    {"gpkg points", kGpkg, Shape::kPoint},
+    {"gpkg polygons", kGpkg, Shape::kPolygon},
+    {"indexed gpkg points", kIndexedGpkg, Shape::kPoint},
+    {"indexed gpkg polygons", kIndexedGpkg, Shape::kPolygon},
+    {"fgb points", kFgb, Shape::kPoint},
+    {"fgb polygons", kFgb, Shape::kPolygon},
+    {"shp points", kShp, Shape::kPoint},
+    {"shp polygons", kShp, Shape::kPolygon},
 };
 
 VectorData const& FindVectorData(std::string_view name) {

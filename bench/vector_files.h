@@ -15,7 +15,8 @@ namespace fdo::bench {
 // and a flag field. It is made when it is not there; what is there is whole, because a file gets its
 // name only when it is.
 //
-// data is one of: "gpkg points", "gpkg polygons", and the same with "fgb" and "shp".
+// data is one of: "gpkg points", "gpkg polygons", and the same with "indexed gpkg", "fgb" and
+// "shp".
 // Errors: std::invalid_argument for any other data, std::runtime_error when the file cannot be made.
 std::filesystem::path VectorFile(Workbench const& bench, std::string_view data);
 
