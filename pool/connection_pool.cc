@@ -11,6 +11,9 @@
 namespace fdo {
 namespace {
 
+// The end of a key. No source, provider or configuration that opens anything ends so.
+constexpr std::wstring_view kForReading = L"\n(for reading)";
+
 void AppendPart(std::wstring& key, wchar_t const* part) {
   if (part == nullptr || *part == 0) return;
   key += L'|';
@@ -31,6 +34,11 @@ auto UseOf(Uses& uses, std::thread::id thread) {
 }
 
 }  // namespace
+
+bool IsForReading(Database const& connection) {
+  std::wstring_view const key = connection.ConnId();
+  return key.size() >= kForReading.size() && key.substr(key.size() - kForReading.size()) == kForReading;
+}
 
 // Four lanes of eight bytes each are turned and mixed, which is all that texts need to differ; what keeps
 // slots apart, the multiplications, comes once.
@@ -63,6 +71,7 @@ void ConnectionPool::BuildKey(ConnectionRequest const& request) {
   key_ = TextOf(request.source);
   AppendPart(key_, request.provider);
   AppendPart(key_, request.configuration);
+  if (request.forReading) key_ += kForReading;
 }
 
 ConnectionPool::Slots::iterator ConnectionPool::FindSlot(std::wstring_view key) {

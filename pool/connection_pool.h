@@ -24,7 +24,11 @@ struct ConnectionRequest {
   wchar_t const* provider;
   wchar_t const* configuration;
   bool loadSchema;
+  bool forReading = false;
 };
+
+// Whether the connection was asked for with that flag.
+bool IsForReading(Database const& connection);
 
 // See DbPool for what each operation means. The caller says which thread it is and what time it is, in
 // seconds since 1970.

@@ -26,13 +26,14 @@ struct BackEnd {
   wchar_t const* name;
   std::unique_ptr<Database> (*make)();
   bool alwaysLoadsSchema;
+  bool opensForUpdate;                               // unless it is told not to
   std::wstring (*reason)(Database const& database);  // of a failure that reports no line; may be null
 };
 
 // In the order in which they are tried.
 constexpr BackEnd kBackEnds[] = {
-    {L"FDO", Make<DatabaseFdo>, false, nullptr},
-    {L"GDAL", Make<DatabaseOgr>, true, OgrReason},
+    {L"FDO", Make<DatabaseFdo>, false, false, nullptr},
+    {L"GDAL", Make<DatabaseOgr>, true, true, OgrReason},
 };
 
 // What a thread has tried last. When the program exits, the main thread's list goes before its static
@@ -62,6 +63,7 @@ std::unique_ptr<Database> TryBackEnds(ConnectionRequest const& request) {
   for (BackEnd const& backEnd : kBackEnds) {
     std::unique_ptr<Database> database = backEnd.make();
     for (bool const readOnly : {false, true}) {
+      if (request.forReading && backEnd.opensForUpdate && !readOnly) continue;
       DiagnosticWatch const watch;
       if (database->Connect(request.source, request.provider, request.configuration, readOnly,
                             request.loadSchema || backEnd.alwaysLoadsSchema)) {
@@ -92,6 +94,12 @@ std::time_t Now() { return std::time(nullptr); }
 Database* DbPool::GetConnection(wchar_t const* source, wchar_t const* provider, wchar_t const* configuration,
                                 bool loadSchema) {
   return Pool().Acquire({source, provider, configuration, loadSchema}, std::this_thread::get_id(), Now());
+}
+
+Database* DbPool::GetConnectionForReading(wchar_t const* source, wchar_t const* provider,
+                                          wchar_t const* configuration, bool loadSchema) {
+  return Pool().Acquire({source, provider, configuration, loadSchema, /*forReading=*/true},
+                        std::this_thread::get_id(), Now());
 }
 
 Database* DbPool::GetConnection(wchar_t const* source) {

@@ -1,7 +1,9 @@
 #include <fdo/db_pool.h>
+#include <fdo/scroller.h>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <thread>
 
@@ -67,6 +69,26 @@ TEST_F(DbPoolTest, ASourceThatCannotBeWrittenIsReadAllTheSame) {
   EXPECT_FALSE(table.IsEmpty(nullptr));
   EXPECT_FALSE(table.Delete(1));
   EXPECT_THAT(DbPool::LastAttempts(), IsEmpty());
+}
+
+TEST_F(DbPoolTest, WhatIsAskedForForReadingIsNotOpenedForUpdate) {
+  DbHandle const forReading(DbPool::GetConnectionForReading(path_.c_str(), nullptr, nullptr, true));
+  DbHandle const forUpdate(DbPool::GetConnection(path_.c_str()));
+  ASSERT_FALSE(!forReading || !forUpdate);
+  EXPECT_NE(static_cast<Database*>(forReading), static_cast<Database*>(forUpdate));
+  EXPECT_FALSE((*static_cast<Database*>(forReading))[0].Delete(1));
+  EXPECT_TRUE((*static_cast<Database*>(forUpdate))[0].Delete(1));
+  Table& table = (*static_cast<Database*>(forReading))[0];
+  table.Query();
+  Scroller const scroller(forReading, &table);
+  auto const holders = DbPool::Holders();
+  EXPECT_EQ(holders.size(), 3u);
+  EXPECT_EQ(std::count_if(holders.begin(), holders.end(),
+                          [](PoolHolder const& holder) {
+                            return holder.key.find(L"for reading") != std::wstring::npos;
+                          }),
+            2)
+      << "the second connection of a scroller is for reading, as the first one is";
 }
 
 TEST_F(DbPoolTest, WhatCannotBeOpenedTellsWhatWasTried) {

@@ -5,13 +5,22 @@
 #include <optional>
 #include <string>
 
+#include "pool/connection_pool.h"
+
 namespace fdo {
+namespace {
+
+constexpr Database* (*GetConnection)(wchar_t const*, wchar_t const*, wchar_t const*,
+                                     bool) = DbPool::GetConnection;
+
+}  // namespace
 
 // The second connection and its table, for as long as a scroller needs them.
 class Scroller::Reader {
  public:
   Reader(Database const& db, Table& table)
-      : connection_(DbPool::GetConnection(db.ConnectionString(), db.ProviderName(), nullptr, true)) {
+      : connection_((IsForReading(db) ? DbPool::GetConnectionForReading : GetConnection)(
+            db.ConnectionString(), db.ProviderName(), nullptr, true)) {
     if (!connection_) return;
     // The connection's own table of that name: its definition lives as long as the connection does.
     std::wstring name = table.Def()->SchemaName();

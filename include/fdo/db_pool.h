@@ -67,6 +67,11 @@ class QUILLON_EXPORT DbPool {
                                  bool loadSchema);
   // The same without provider and configuration, and with the schema.
   static Database* GetConnection(wchar_t const* source);
+  // The same for a caller that will not write. GDAL, which may change a file by opening it for update (it
+  // mends the triggers of a GeoPackage, for one), then opens it for reading only. Such connections are kept
+  // apart from the others.
+  static Database* GetConnectionForReading(wchar_t const* source, wchar_t const* provider,
+                                           wchar_t const* configuration, bool loadSchema);
   // Gives back one use; null is allowed. After the thread's last use the connection is idle or, with
   // destroy, deleted.
   // Deliberate: a connection that this thread did not get from the pool is deleted. When another thread

@@ -63,6 +63,12 @@ TEST_F(FdoStore, RowsInTheOrderOfAColumn) {
             (std::vector<std::string>{"Democratic Republic of the Congo", "Algeria"}));
 }
 
+TEST_F(FdoStore, ARowByItsPlaceInAnOrder) {
+  EXPECT_EQ(
+      Names(Query({World(), "--select", "name_long", "--order-by", "pop", "--descending", "--row", "2"})),
+      (std::vector<std::string>{"India"}));
+}
+
 TEST_F(FdoStore, ABoxAndAConditionNarrowWhatIsOrdered) {
   std::string const world = World();
   for (std::vector<std::string> const& condition :

@@ -119,6 +119,11 @@ Failure NoSuchRow(std::string const& table, std::int64_t id) {
   return {ExitCode::kFailed, fmt::format("{} has no row with id {}", table, id)};
 }
 
+Failure NoSuchPosition(std::string const& table, std::uint64_t position, std::uint64_t count) {
+  return {ExitCode::kFailed, fmt::format("there is no row {}: the result has {} from {}", position,
+                                         count == 1 ? "1 row" : std::to_string(count) + " rows", table)};
+}
+
 Failure NoOrder(std::string const& table, std::string const& column, std::string const& type) {
   return {ExitCode::kFailed, fmt::format("rows cannot be ordered by column \"{}\" of {}, which is of type {}",
                                          column, table, type)};

@@ -32,6 +32,7 @@ Failure TableNotNamed(std::string const& source, std::vector<std::string> const&
 Failure NoSuchColumn(std::string const& table, std::string const& name, std::string const& suggestion,
                      std::vector<std::string> const& columns);
 Failure NoSuchRow(std::string const& table, std::int64_t id);
+Failure NoSuchPosition(std::string const& table, std::uint64_t position, std::uint64_t count);
 Failure NoOrder(std::string const& table, std::string const& column, std::string const& type);
 Failure CannotOrder(std::string const& source);
 Failure NoIntegerId(std::string const& table);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sstream>
 #include <system_error>
 
 #include "tools/quillon/messages.h"
@@ -24,21 +25,28 @@ bool MayBeNoFile(std::wstring const& name) {
   return name.rfind(L"/vsi", 0) == 0 || name.find(L':') != std::wstring::npos;
 }
 
-// What a provider said that was found and did not open the source; "" when there was no provider.
-std::string ConnectionFailure(std::vector<std::string> const& lines) {
-  for (std::string const& line : lines) {
-    if (line.rfind("FDO connection failure", 0) == 0) return line;
-  }
-  return {};
-}
-
-// Those that are not empty.
+// Each once, those that are not empty.
 std::string Joined(std::vector<std::string> const& lines) {
   std::string text;
-  for (std::string const& line : lines) {
-    if (!line.empty()) text += (text.empty() ? "" : "; ") + line;
+  for (auto line = lines.begin(); line != lines.end(); ++line) {
+    if (line->empty() || std::find(lines.begin(), line, *line) != line) continue;
+    text += (text.empty() ? "" : "; ") + *line;
   }
   return text;
+}
+
+// Why a source did not open: what an FDO provider said that was found, and what GDAL said of reading.
+std::string Reasons(std::vector<ConnectAttempt> const& attempts) {
+  std::vector<std::string> reasons;
+  for (ConnectAttempt const& attempt : attempts) {
+    bool const throughFdo = attempt.backEnd == L"FDO";
+    std::istringstream message(Utf8(attempt.message));
+    for (std::string line; std::getline(message, line);) {
+      // That no provider serves such files is no reason: GDAL comes next.
+      if (!throughFdo || line.rfind("FDO connection failure", 0) == 0) reasons.push_back(line);
+    }
+  }
+  return Joined(reasons);
 }
 
 }  // namespace
@@ -59,22 +67,16 @@ Source OpenSource(SourceOptions const& options, Session& session) {
   bool const exists = std::filesystem::exists(PathOf(name), ignored);
   if (!providerIsNamed && !exists && !MayBeNoFile(wideName)) throw SourceMissing(name);
 
-  constexpr bool kReadOnly = true, kLoadSchema = true;
-  auto throughFdo = std::make_unique<DatabaseFdo>();
-  bool const opened =
-      throughFdo->Connect(wideName.c_str(), wideProvider.c_str(), nullptr, kReadOnly, kLoadSchema);
+  Database* const database =
+      DbPool::GetConnectionForReading(wideName.c_str(), wideProvider.c_str(), nullptr, /*loadSchema=*/true);
   auto const lines = session.TakeDiagnostics();
-  if (opened) return {name, std::move(throughFdo), nullptr};
-  if (providerIsNamed) throw ProviderFailed(name, options.provider, Joined(lines));
-  throughFdo = nullptr;
-
-  auto throughGdal = std::make_unique<DatabaseOgr>();
-  if (!throughGdal->Connect(wideName.c_str(), nullptr, nullptr, kReadOnly, kLoadSchema)) {
-    throw SourceUnreadable(name, Joined({ConnectionFailure(lines), Utf8(throughGdal->LastError())}));
+  auto const* const throughGdal = dynamic_cast<DatabaseOgr const*>(database);
+  if (providerIsNamed && (database == nullptr || throughGdal != nullptr)) {
+    DbPool::ReleaseConnection(database, /*destroy=*/true);
+    throw ProviderFailed(name, options.provider, Joined(lines));
   }
-  session.ForgiveDiagnostics();
-  DatabaseOgr const* const gdal = throughGdal.get();
-  return {name, std::move(throughGdal), gdal};
+  if (database == nullptr) throw SourceUnreadable(name, Reasons(DbPool::LastAttempts()));
+  return {name, database, throughGdal};
 }
 
 std::string ReadError(Source const& source) {
@@ -82,7 +84,8 @@ std::string ReadError(Source const& source) {
 }
 
 bool OrdersRows(Source const& source) {
-  auto const* const database = dynamic_cast<DatabaseFdo const*>(source.database.get());
+  auto const* const database =
+      dynamic_cast<DatabaseFdo const*>(static_cast<Database const*>(source.database));
   if (database == nullptr) return false;
   FdoPtr<FdoIConnection> const connection = database->FdoConnection();
   FdoPtr<FdoICommandCapabilities> const capabilities = connection->GetCommandCapabilities();

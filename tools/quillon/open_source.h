@@ -2,9 +2,8 @@
 #ifndef TOOLS_QUILLON_OPEN_SOURCE_H_
 #define TOOLS_QUILLON_OPEN_SOURCE_H_
 
-#include <fdo/database.h>
+#include <fdo/db_pool.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -30,15 +29,15 @@ struct SourceOptions {
   void Define(CLI::App& app, char const* purpose);
 };
 
-// A source that is open for reading.
+// A source that is open for reading, through the connection pool.
 struct Source {
   std::string name;  // as the user gave it
-  std::unique_ptr<Database> database;
+  DbHandle database;
   DatabaseOgr const* throughGdal = nullptr;  // the database, when GDAL opened it
 };
 
-// Tries FDO, then, unless a provider is named, GDAL. What the library reported on the way to a source that
-// then opened is dropped.
+// A provider that is named has to open the source itself. What the library reported on the way to a source
+// that then opened is dropped.
 // Errors: throws Failure that says whether the source is missing or cannot be read.
 Source OpenSource(SourceOptions const& options, Session& session);
 

@@ -1,6 +1,7 @@
 #include "tools/quillon/program.h"
 
 #include <Fdo.h>
+#include <fdo/db_pool.h>
 
 #include <CLI/CLI.hpp>
 
@@ -123,7 +124,12 @@ ExitCode RunProgram(std::vector<std::string> arguments, std::FILE* out, std::FIL
   Console console(err, errIsTerminal);
   DiagnosticLog diagnostics;
   Session session{output, console, diagnostics, false};
+  // What comes of closing a source is reported, too, so it is closed while somebody listens.
+  struct Closing {
+    ~Closing() { DbPool::CloseAllFreeConnections(); }
+  };
   try {
+    Closing const closing;
     ExitCode const code = Run(std::move(arguments), session);
     if (session.verbose) session.ShowDiagnostics();
     return code;

@@ -1,3 +1,5 @@
+#include <fdo/scroller.h>
+
 #include <CLI/CLI.hpp>
 
 #include <cstdint>
@@ -40,6 +42,7 @@ struct QueryOptions {
   SourceOptions source;
   Selection selection;
   std::optional<std::int64_t> id;
+  std::optional<std::int64_t> row;
   std::optional<std::int64_t> limit;
   std::string format = "table";
   bool json = false;
@@ -75,7 +78,28 @@ bool HasIntegerId(TableDef const& def) {
   return type == ColumnDef::kInt16 || type == ColumnDef::kInt32 || type == ColumnDef::kInt64;
 }
 
-Row const* FirstRow(Table& table, QueryOptions const& options, BoundSelection const& bound) {
+// The rows of the query by position.
+// Errors: throws Failure for a table whose rows cannot be found again by their ids.
+std::unique_ptr<Scroller> Scroll(Source& source, Table& table, BoundSelection const& bound,
+                                 Session& session) {
+  if (!HasIntegerId(*table.Def())) throw NoIntegerId(Utf8(table.Def()->Name()));
+  BoundSelection ids = bound;
+  ids.columns = {table.Def()->IndexOfID()};
+  ids.Query(table);
+  if (session.ShowDiagnostics()) throw QueryFailed(source.name);
+  auto scroller = std::make_unique<Scroller>(source.database, &table);
+  session.ForgiveDiagnostics();  // of its second connection
+  return scroller;
+}
+
+Row const* FirstRow(Table& table, QueryOptions const& options, BoundSelection const& bound,
+                    Scroller* scroller) {
+  if (scroller != nullptr) {
+    std::uint64_t const count = scroller->Count();
+    auto const position = static_cast<std::uint64_t>(*options.row);
+    if (position > count) throw NoSuchPosition(Utf8(table.Def()->Name()), position, count);
+    return scroller->At(position - 1);
+  }
   if (!options.id) {
     bound.Query(table);
     return table.Next();
@@ -99,13 +123,14 @@ ExitCode Query(QueryOptions const& options, Session& session) {
   auto const writer = format.make(session.output, *table.Def(), bound.columns);
   std::int64_t const limit = options.limit.value_or(std::numeric_limits<std::int64_t>::max());
   std::int64_t rows = 0;
-  Row const* row = limit > 0 ? FirstRow(table, options, bound) : nullptr;
+  std::unique_ptr<Scroller> const scroller = options.row ? Scroll(source, table, bound, session) : nullptr;
+  Row const* row = limit > 0 ? FirstRow(table, options, bound, scroller.get()) : nullptr;
   if (row == nullptr && session.ShowDiagnostics()) throw QueryFailed(source.name);
   writer->Begin();
   while (row != nullptr) {
     writer->Write(*row);
     ++rows;
-    row = options.id || rows == limit ? nullptr : table.Next();
+    row = options.id || options.row || rows == limit ? nullptr : table.Next();
   }
   table.EndQuery();
   writer->End();
@@ -125,11 +150,15 @@ Action DefineQuery(CLI::App& app) {
   CLI::Option* const where = options->selection.DefineWhere(app);
   CLI::Option* const box = options->selection.DefineBox(app);
   CLI::Option* const order = options->selection.DefineOrder(app);
-  app.add_option("--id", options->id, "Only the row with that id")
-      ->excludes(where)
-      ->excludes(box)
-      ->excludes(order)
-      ->type_name("ID");
+  CLI::Option* const id = app.add_option("--id", options->id, "Only the row with that id")
+                              ->excludes(where)
+                              ->excludes(box)
+                              ->excludes(order)
+                              ->type_name("ID");
+  app.add_option("--row", options->row, "Only the row at that place of the result, counted from 1")
+      ->excludes(id)
+      ->check(CLI::PositiveNumber)
+      ->type_name("N");
   app.add_option("--limit", options->limit, "At most that many rows")
       ->check(CLI::NonNegativeNumber)
       ->type_name("N");

@@ -284,6 +284,32 @@ TEST_F(Quillon, QueryById) {
   ExpectFailure(RunQuillon({"query", Data("world.gpkg"), "--id", "999"}), 1, "world has no row with id 999");
 }
 
+TEST_F(Quillon, QueryByThePlaceInTheResult) {
+  std::string const world = Data("world.gpkg");
+  EXPECT_EQ(Rows({world, "--row", "177", "--select", "fid"}), json::array({{{"fid", 177}}}));
+  EXPECT_EQ(
+      Rows({world, "--row", "2", "--where", "continent = 'Africa' and pop > 5e7", "--select", "name_long"}),
+      json::array({{{"name_long", "Democratic Republic of the Congo"}}}));
+  ExpectFailure(RunQuillon({"query", world, "--row", "178"}), 1,
+                "there is no row 178: the result has 177 rows from world");
+  EXPECT_EQ(RunQuillon({"query", world, "--row", "0"}).code, 2);
+  EXPECT_EQ(RunQuillon({"query", world, "--row", "1", "--id", "1"}).code, 2);
+  EXPECT_EQ(RunQuillon({"query", world, "--row", "3"}).err, "") << "two connections, and nothing to say";
+}
+
+// GDAL would mend the triggers of this file if it were opened for update.
+TEST_F(Quillon, ReadingASourceLeavesItAsItWas) {
+  auto const bytes = [](std::string const& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+  };
+  std::string const original = Data("NY8_bna_utm18.gpkg"), copy = Scratch("copy.gpkg");
+  std::filesystem::copy_file(original, copy);
+  RunQuillon({"info", copy});
+  RunQuillon({"query", copy, "--row", "2"});
+  EXPECT_TRUE(bytes(copy) == bytes(original));
+}
+
 TEST_F(Quillon, LimitStopsEarly) {
   EXPECT_EQ(Rows({Data("world.gpkg"), "--limit", "3"}).size(), 3u);
   EXPECT_EQ(Rows({Data("world.gpkg"), "--limit", "0"}).size(), 0u);
