@@ -17,6 +17,8 @@ run("${WORK_DIR}/build/read_layer" "${INPUT}" "pop > 200000000")
 set(from_package "${output}")
 # The provider is found beside the moved SDK.
 run("${WORK_DIR}/build/sqlite_store" "${WORK_DIR}/places.sqlite")
+# So are the libraries of the moved tool.
+run("${moved}/bin/quillon" info "${WORK_DIR}/places.sqlite")
 
 set(ENV{PKG_CONFIG_PATH} "${moved}/${LIBDIR}/pkgconfig")
 run(pkg-config --cflags --libs quillon)
