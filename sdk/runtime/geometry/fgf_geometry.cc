@@ -1,6 +1,7 @@
 #include "sdk/runtime/geometry/fgf_geometry.h"
 
 #include <atomic>
+#include <typeinfo>
 
 #include "sdk/runtime/geometry/fgf_curve_types.h"
 #include "sdk/runtime/geometry/fgf_part_types.h"
@@ -30,6 +31,12 @@ std::uint64_t FgfBacked::Serial() const {
 }
 
 FgfBacked const* AsFgfBacked(FdoIGeometry const* geometry) {
+  if (geometry == nullptr) return nullptr;
+  // The commonest classes are known by the address of their type, since a cast across compares names. A type
+  // that has another address after all, as it may in another library, is found by the cast.
+  std::type_info const* const type = &typeid(*geometry);
+  if (type == &typeid(FgfPoint)) return static_cast<FgfPoint const*>(geometry);
+  if (type == &typeid(FgfPolygon)) return static_cast<FgfPolygon const*>(geometry);
   return dynamic_cast<FgfBacked const*>(geometry);
 }
 

@@ -18,8 +18,7 @@ constexpr double kExactTolerance = 1e-10;
 
 // From the second sight on an index pays for all but points, whose way without one is short too.
 constexpr int kSightingsToPrepare = 2;
-constexpr int kSightingsToPrepareForPoints = 8;
-constexpr std::size_t kBytesToPrepareForPoints = 64 * 16;
+constexpr int kSightingsToIndexForPoints = 8;
 
 // The side of a geometry that the evaluation sees; that of another maker is copied.
 class Viewed {
@@ -175,25 +174,27 @@ bool HoldsInGeos(FgfBacked const& a, CachedOperand* cachedA, Relation relation, 
       .Holds(relation);
 }
 
-// A point and a polygon without arcs, unless the polygon has come back so often that an index answers.
-bool IsPointInPolygon(FgfBacked const& point, FgfBacked const& polygon, CachedOperand const* cached) {
-  if (point.Scan().type != FdoGeometryType_Point || polygon.Scan().type != FdoGeometryType_Polygon)
-    return false;
-  return cached == nullptr || polygon.Bytes().size < kBytesToPrepareForPoints ||
-         (!cached->HasPrepared() && cached->Sightings() < kSightingsToPrepareForPoints);
+// A polygon has no arcs.
+bool IsPointInPolygon(FgfBacked const& point, FgfBacked const& polygon) {
+  return point.Scan().type == FdoGeometryType_Point && polygon.Scan().type == FdoGeometryType_Polygon;
 }
 
 bool LocatedIn(FgfBacked const& point, Relation relation, FgfBacked const& polygon) {
-  return PointAt(LocateInPolygon(polygon.Bytes().data, polygon.Bytes().size, PointOf(point)), relation);
+  CachedOperand* const cached = OperandCache::OfThisThread().Find(polygon);
+  Xy const at = PointOf(point);
+  if (cached != nullptr && cached->Sightings() >= kSightingsToIndexForPoints) {
+    return PointAt(cached->Index().Locate(at), relation);
+  }
+  return PointAt(LocateInPolygon(polygon.Bytes().data, polygon.Bytes().size, at), relation);
 }
 
 bool HoldsExactly(FgfBacked const& a, Relation relation, FgfBacked const& b) {
   if (std::optional<bool> const answer = DecideByBoxes(a, relation, b)) return *answer;
+  if (IsPointInPolygon(a, b)) return LocatedIn(a, relation, b);
+  if (IsPointInPolygon(b, a)) return LocatedIn(b, Transposed(relation), a);
   OperandCache& cache = OperandCache::OfThisThread();
   CachedOperand* const cachedA = cache.Find(a);
   CachedOperand* const cachedB = cache.Find(b);
-  if (IsPointInPolygon(a, b, cachedB)) return LocatedIn(a, relation, b);
-  if (IsPointInPolygon(b, a, cachedA)) return LocatedIn(b, Transposed(relation), a);
   return HoldsInGeos(a, cachedA, relation, b, cachedB);
 }
 

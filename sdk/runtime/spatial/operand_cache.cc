@@ -16,6 +16,11 @@ GEOSPreparedGeometry const* CachedOperand::Prepared(GeosSession& session) {
   return prepared_.get();
 }
 
+PolygonIndex const& CachedOperand::Index() {
+  if (!index_) index_.emplace(bytes_.data(), bytes_.size());
+  return *index_;
+}
+
 OperandCache& OperandCache::OfThisThread() {
   GeosSession::OfThisThread();  // made first, so that it ends last
   thread_local OperandCache cache;
@@ -25,7 +30,7 @@ OperandCache& OperandCache::OfThisThread() {
 CachedOperand* OperandCache::Find(FgfBacked const& geometry) {
   std::size_t const size = geometry.Bytes().size;
   if (size < kSmallest || size > kLargest) return nullptr;
-  ++uses_;
+  if (last_->serial_ == geometry.Serial()) return Seen(*last_);
   CachedOperand* found = nullptr;
   CachedOperand* oldest = &places_[0];
   for (CachedOperand& place : places_) {
@@ -44,14 +49,20 @@ CachedOperand* OperandCache::Find(FgfBacked const& geometry) {
     found = oldest;
     found->prepared_.reset();
     found->geos_.reset();
+    found->index_.reset();
     found->sightings_ = 0;
     found->serial_ = 0;
     found->bytes_.assign(geometry.Bytes().data, geometry.Bytes().data + size);
   }
   found->serial_ = geometry.Serial();
-  found->lastUse_ = uses_;
-  if (found->sightings_ < std::numeric_limits<int>::max()) ++found->sightings_;
-  return found;
+  last_ = found;
+  return Seen(*found);
+}
+
+CachedOperand* OperandCache::Seen(CachedOperand& place) {
+  place.lastUse_ = ++uses_;
+  if (place.sightings_ < std::numeric_limits<int>::max()) ++place.sightings_;
+  return &place;
 }
 
 }  // namespace fdo_sdk

@@ -10,6 +10,7 @@
 
 #include "sdk/runtime/geometry/fgf_geometry.h"
 #include "sdk/runtime/spatial/geos_build.h"
+#include "sdk/runtime/spatial/polygon_index.h"
 
 namespace fdo_sdk {
 
@@ -26,7 +27,8 @@ class CachedOperand {
   // The index over the one geometry of the operand. Requires: Geos(session).size() == 1.
   GEOSPreparedGeometry const* Prepared(GeosSession& session);
 
-  bool HasPrepared() const { return prepared_ != nullptr; }
+  // Made on the first call. Requires: the geometry is a polygon without arcs.
+  PolygonIndex const& Index();
 
  private:
   friend class OperandCache;
@@ -37,6 +39,7 @@ class CachedOperand {
   std::vector<FdoByte> bytes_;
   std::optional<GeosOperand> geos_;
   GeosPrepared prepared_;  // ends before the geometry that it points into
+  std::optional<PolygonIndex> index_;
 };
 
 // Threads: belongs to one.
@@ -54,7 +57,10 @@ class OperandCache {
   static constexpr std::size_t kLargest = 4 << 20;  // bytes
 
  private:
+  CachedOperand* Seen(CachedOperand& place);
+
   std::array<CachedOperand, kPlaces> places_;
+  CachedOperand* last_ = &places_[0];  // the constant of a filter is found again and again
   std::uint64_t uses_ = 0;
 };
 

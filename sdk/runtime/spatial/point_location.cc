@@ -96,15 +96,9 @@ class PolygonSink : public FgfSink {
 }  // namespace
 
 int Orientation(Xy const& a, Xy const& b, Xy const& c) {
-  double const left = (a.x - c.x) * (b.y - c.y);
-  double const right = (a.y - c.y) * (b.x - c.x);
-  double const difference = left - right;
-  // Three roundings on either side and one of the difference cannot do more than this.
-  constexpr double kErrorBound = 4e-16;
-  double const bound = kErrorBound * (std::fabs(left) + std::fabs(right));
-  if (difference > bound) return 1;
-  if (-difference > bound) return -1;
-  return ExactOrientation(a, b, c);
+  RoundedOrientation const rounded(a, b, c);
+  if (rounded.IsUnsure()) return ExactOrientation(a, b, c);
+  return rounded.difference > 0 ? 1 : -1;
 }
 
 Location LocateInRing(PositionSpan const& ring, Xy const& point) {
@@ -115,22 +109,9 @@ Location LocateInRing(PositionSpan const& ring, Xy const& point) {
   bool inside = false;
   for (FdoInt32 i = 0; i < ring.count; ++i, at += stride) {
     Xy const to = At(at);
-    bool const fromAbove = from.y > point.y;
-    bool const toAbove = to.y > point.y;
-    if (fromAbove != toAbove) {
-      // The edge crosses the line through the point, from one side to on it or beyond.
-      if (from.x > point.x && to.x > point.x) {
-        inside = !inside;
-      } else if (from.x >= point.x || to.x >= point.x) {
-        int const side = Orientation(from, to, point);
-        if (side == 0) return Location::kBoundary;
-        if ((side > 0) == toAbove) inside = !inside;
-      }
-    } else if (to.y == point.y || from.y == point.y) {
-      // Ends that only just reach the line: the point may be one of them, or between them.
-      if (to == point || from == point) return Location::kBoundary;
-      if (to.y == from.y && (to.x > point.x) != (from.x > point.x)) return Location::kBoundary;
-    }
+    EdgeAtRay const edge = FollowRay(from, to, point);
+    if (edge == EdgeAtRay::kHoldsPoint) return Location::kBoundary;
+    if (edge == EdgeAtRay::kCrosses) inside = !inside;
     from = to;
   }
   return inside ? Location::kInterior : Location::kExterior;
