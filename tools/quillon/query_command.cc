@@ -132,9 +132,11 @@ ExitCode Query(QueryOptions const& options, Session& session) {
     ++rows;
     row = options.id || options.row || rows == limit ? nullptr : table.Next();
   }
+  table.EndQuery();
   writer->End();
   session.output.Flush();
-  FinishReading(source, table, session);
+  std::string const readError = ReadError(source);
+  if (session.ShowDiagnostics() || !readError.empty()) throw RowsMissing(source.name, readError);
   return ExitCode::kDone;
 }
 

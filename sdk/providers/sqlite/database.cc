@@ -27,6 +27,27 @@ void Configure(sqlite3* handle) {
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 1, nullptr);  // files in use have such schemas
 }
 
+// Whether the file is as long as its head says. SQLite itself looks for whole pages only, and takes what is
+// missing of the last one for zeros, which are values.
+// Requires: a transaction is open, so that nobody writes.
+int LookForTheEnd(sqlite3* handle, bool& isWhole) {
+  constexpr int kHeadBytes = 32;
+  constexpr unsigned char kWriteAheadLog = 2;  // then the last pages may be elsewhere
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(handle, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  sqlite3_int64 bytes = 0;
+  int code = file->pMethods->xFileSize(file, &bytes);
+  if (code != SQLITE_OK || bytes < kHeadBytes) return code;
+  unsigned char head[kHeadBytes];
+  code = file->pMethods->xRead(file, head, kHeadBytes, 0);
+  if (code != SQLITE_OK || head[18] == kWriteAheadLog) return code;
+  sqlite3_int64 const pageBytes = head[16] * 256 + head[17] == 1 ? 65536 : head[16] * 256 + head[17];
+  sqlite3_int64 pages = 0;
+  for (int i = 28; i < kHeadBytes; ++i) pages = pages * 256 + head[i];
+  isWhole = bytes >= pages * pageBytes;
+  return SQLITE_OK;
+}
+
 }  // namespace
 
 void Database::Open(std::wstring const& file, int busyMilliseconds) {
@@ -68,7 +89,16 @@ void Database::OpenHandle(int busyMilliseconds) {
   }
   if (code == SQLITE_OK) {
     // Nothing has been read so far. This reads the head of the file, and the schema.
-    code = sqlite3_exec(handle_, "SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
+    code = sqlite3_exec(handle_, "BEGIN; SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
+  }
+  bool isWhole = true;
+  if (code == SQLITE_OK) code = LookForTheEnd(handle_, isWhole);
+  if (code == SQLITE_OK) code = sqlite3_exec(handle_, "COMMIT", nullptr, nullptr, nullptr);
+  if (code == SQLITE_OK && !isWhole) {
+    Close();
+    throw FdoConnectionException::Create(
+        FailureMessage(file_, L"open", L"it is cut off within its last page").c_str(),
+        FdoInt64(SQLITE_CORRUPT));
   }
   if (code != SQLITE_OK) {
     FdoException* failure = FdoConnectionException::Create(
@@ -145,6 +175,11 @@ void Database::BeginReading() {
 }
 
 void Database::Commit() {
+  // SQLite looks only when it opens the journal, and would then write to a file that nobody can open again.
+  int moved = 0;
+  sqlite3_file_control(handle_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  bool const writes = sqlite3_txn_state(handle_, "main") == SQLITE_TXN_WRITE;
+  if (moved != 0 && writes) Fail(SQLITE_READONLY_DBMOVED, L"save the changes to");
   Prepare("COMMIT", L"save the changes to").Run();
   begun_ = false;
 }

@@ -92,7 +92,7 @@ class Insert : public InsertBase {
       identity.emplace_back(sqlite3_value_dup(sqlite3_column_value(plan.statement.Handle(), i)));
       if (identity.back() == nullptr) {
         plan.statement.Reset();
-        Refuse(L"There is not enough memory for the identity of the new feature.");
+        database.Fail(SQLITE_NOMEM, L"give the identity of the new feature of");
       }
     }
     if (hasRow) plan.statement.Step();

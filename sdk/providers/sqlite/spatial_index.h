@@ -46,7 +46,7 @@ class SpatialIndex {
   // Brings the index in the file up to date, and makes one for a table that is large enough. Nothing happens
   // in an open transaction, and while statements are active on the connection, which could be disturbed.
   // Errors: none. Deliberate: what an index cannot be given is found without it, and the rows themselves are
-  // not concerned (pinned by SpatialIndex.AFileWithoutRoomForAnIndexIsQueriedWithoutIt).
+  // not concerned (pinned by SpatialIndexTest.AFileWithoutRoomForAnIndexIsQueriedWithoutIt).
   void Fold() noexcept;
 
   // To be called when this connection writes rows of the table: from then on a query, too, may make an index.

@@ -416,5 +416,37 @@ TEST_F(SpatialIndexTest, ALockedFileIsQueriedAndFoldedLater) {
   EXPECT_EQ(Index().LooseCount(), 0);
 }
 
+TEST_F(SpatialIndexTest, AFileWithoutRoomForAnIndexIsQueriedWithoutIt) {
+  Insert(database_, 1, 5000);
+  std::string const pages = std::to_string(database_.Number("PRAGMA page_count"));
+  database_.Execute("PRAGMA max_page_count = " + pages);
+  Index().NoteWrite();
+  Index().Fold();
+  EXPECT_FALSE(Index().IsStored());
+  EXPECT_FALSE(database_.InTransaction());
+  EXPECT_EQ(database_.Number("SELECT count(*) FROM sqlite_schema WHERE name LIKE 'fdo%'"), 0);
+  EXPECT_TRUE(Index().Helps(Box(1, -1, 2, 1)));
+  EXPECT_EQ(Near(100), (Rows{100, 101, 102, 103}));
+  database_.Execute("PRAGMA max_page_count = 1000000");
+  Index().Fold();
+  EXPECT_TRUE(Index().IsStored());
+  EXPECT_EQ(Near(100), (Rows{100, 101, 102, 103}));
+}
+
+TEST_F(SpatialIndexTest, AnIndexWithoutRoomToGrowStaysAndOtherRowsAreLookedAt) {
+  MakeIndexed(5000);
+  Insert(database_, 5001, 15000);
+  std::string const pages = std::to_string(database_.Number("PRAGMA page_count"));
+  database_.Execute("PRAGMA max_page_count = " + pages);
+  Index().Fold();
+  EXPECT_TRUE(Index().IsStored());
+  EXPECT_EQ(Index().LooseCount(), 10000);
+  EXPECT_EQ(Near(4999), (Rows{4999, 5000, 5001, 5002}));
+  database_.Execute("PRAGMA max_page_count = 1000000");
+  Index().Fold();
+  EXPECT_EQ(Index().LooseCount(), 0);
+  EXPECT_EQ(Near(4999), (Rows{4999, 5000, 5001, 5002}));
+}
+
 }  // namespace
 }  // namespace fdo_sqlite

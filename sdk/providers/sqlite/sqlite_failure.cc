@@ -18,6 +18,8 @@ constexpr Cause kCauses[] = {
     {SQLITE_BUSY, L"it is locked by another program or connection", false},
     {SQLITE_LOCKED, L"it is in use by another command of this connection", false},
     {SQLITE_READONLY_DBMOVED, L"the file was moved, removed or replaced while it was open", false},
+    {SQLITE_READONLY_ROLLBACK,
+     L"an interrupted program left changes that must be undone, and it is read-only", false},
     {SQLITE_READONLY_DIRECTORY, L"its folder is read-only", false},
     {SQLITE_READONLY, L"it is read-only", false},
     {SQLITE_NOTADB, L"it is not an SQLite database", false},
