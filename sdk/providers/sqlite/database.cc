@@ -11,6 +11,10 @@
 namespace fdo_sqlite {
 namespace {
 
+// Reads the head of the file, and the schema. SQLite's own 2 MiB of pages are too few for look-ups here and
+// there in a store, and a batch of inserts should fit: otherwise it is written twice.
+constexpr char kFirstStatements[] = "PRAGMA cache_size=-16384; BEGIN; SELECT count(*) FROM sqlite_schema";
+
 // How many prepared statements are kept for their next use.
 constexpr std::size_t kMostIdle = 64;
 
@@ -88,8 +92,8 @@ void Database::OpenHandle(int busyMilliseconds) {
     code = RegisterSqlFunctions(handle_);
   }
   if (code == SQLITE_OK) {
-    // Nothing has been read so far. This reads the head of the file, and the schema.
-    code = sqlite3_exec(handle_, "BEGIN; SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
+    // Nothing has been read so far.
+    code = sqlite3_exec(handle_, kFirstStatements, nullptr, nullptr, nullptr);
   }
   bool isWhole = true;
   if (code == SQLITE_OK) code = LookForTheEnd(handle_, isWhole);

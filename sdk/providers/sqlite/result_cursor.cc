@@ -35,6 +35,7 @@ bool ResultCursor::MoveFirst() {
 
 bool ResultCursor::End() noexcept {
   place_ = Place::kAfterEnd;
+  readyCells_ = 0;
   if (statement_.IsPrepared() && spares_ != nullptr) {
     statement_.Reset();
     spares_->statement = std::move(statement_);
@@ -62,22 +63,14 @@ FdoInt32 ResultCursor::IndexOf(FdoString* name) {
   return lastIndex_ = found;
 }
 
-void ResultCursor::MakeCells() {
-  buffers_.cells = std::make_unique<Cell[]>(static_cast<std::size_t>(columns_->Count()));
-}
-
-bool ResultCursor::IsNull(FdoInt32 index) {
-  ResultColumn const& column = ColumnAt(index);
+void ResultCursor::MakeCells(FdoInt32 index) {
+  if (index < 0 || index >= columns_->Count()) RefuseIndex(index);
   if (place_ != Place::kOnRow) RefusePlace();
-  if (column.type == kGeometryColumn) return ReadGeometry(index).IsNull();
-  return ReadCell(index).type == SQLITE_NULL;
-}
-
-bool ResultCursor::Boolean(FdoInt32 index) {
-  Cell const& cell = CellAt(index, FdoDataType_Boolean);
-  bool result = false;
-  if (!ReadBoolean(cell.value, result)) RefuseValue(index);
-  return result;
+  if (buffers_.cells == nullptr) {
+    buffers_.cells = std::make_unique<Cell[]>(static_cast<std::size_t>(columns_->Count()));
+    for (int i = 0; i < columns_->Count(); ++i) buffers_.cells[i].columnType = columns_->At(i).type;
+  }
+  readyCells_ = static_cast<std::uint32_t>(columns_->Count());
 }
 
 FdoDateTime ResultCursor::DateTime(FdoInt32 index) {
@@ -94,19 +87,11 @@ float ResultCursor::Single(FdoInt32 index) {
   return result;
 }
 
-double ResultCursor::Double(FdoInt32 index) {
-  int const type = ColumnAt(index).type;
-  Cell const& cell = CellAt(index, type == FdoDataType_Decimal ? FdoDataType_Decimal : FdoDataType_Double);
-  if (cell.type == SQLITE_FLOAT) return sqlite3_value_double(cell.value);
-  double result = 0;
-  if (!ReadReal(cell.value, result)) RefuseValue(index);
-  return result;
-}
-
 FdoString* ResultCursor::Text(FdoInt32 index) {
   Cell const& cell = CellAt(index, FdoDataType_String);
   char number[kNumberTextSize];
-  std::string_view const text = TextOf(cell.value, number);
+  std::string_view const text =
+      cell.type == SQLITE_TEXT ? TextBytesOf(cell.value) : TextOf(cell.value, number);
   if (text.data() == nullptr) RequireBytes(index, cell);
   if (buffers_.texts == nullptr) {
     buffers_.texts = std::make_unique<WideBuffer[]>(static_cast<std::size_t>(columns_->Count()));
@@ -132,22 +117,20 @@ std::string_view ResultCursor::Bytes(FdoInt32 index) {
 }
 
 GeometryBytes ResultCursor::Geometry(FdoInt32 index) {
-  if (ColumnAt(index).type != kGeometryColumn) RefuseType(index);
-  if (place_ != Place::kOnRow) RefusePlace();
-  GeometryBytes const fgf = ReadGeometry(index);
+  GeometryBytes const fgf = ReadGeometry(index, CellAt(index, kGeometryColumn));
   if (fgf.IsNull()) fdo_sqlite::Refuse(L"The property \"" + ColumnAt(index).name + L"\" is null.");
   return fgf;
 }
 
 // Whether it is null and what it is are asked one after the other; it is read once a row.
-GeometryBytes ResultCursor::ReadGeometry(FdoInt32 index) {
+GeometryBytes ResultCursor::ReadGeometry(FdoInt32 index, Cell const& cell) {
   if (buffers_.geometries == nullptr) {
     buffers_.geometries = std::make_unique<GeometrySlot[]>(static_cast<std::size_t>(columns_->Count()));
   }
   GeometrySlot& slot = buffers_.geometries[static_cast<std::size_t>(index)];
   if (slot.row == buffers_.row) return slot.fgf;
   if (!slot.stored) slot.stored.emplace(columns_->At(index).format);
-  slot.fgf = slot.stored->Fgf(ReadCell(index).value);
+  slot.fgf = slot.stored->Fgf(cell.value);
   slot.row = buffers_.row;
   return slot.fgf;
 }
@@ -168,7 +151,7 @@ void ResultCursor::RefusePlace() const {
 
 void ResultCursor::RefuseValue(FdoInt32 index) {
   ResultColumn const& column = ColumnAt(index);
-  Cell const& cell = ReadCell(index);
+  Cell const& cell = CellAt(index);
   if (cell.type == SQLITE_NULL) fdo_sqlite::Refuse(L"The property \"" + column.name + L"\" is null.");
   char number[kNumberTextSize];
   std::string_view const text = TextOf(cell.value, number).substr(0, 100);

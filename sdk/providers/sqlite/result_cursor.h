@@ -22,6 +22,7 @@ struct Cell {
   std::uint64_t row = 0;
   sqlite3_value* value = nullptr;  // null where it is the generated id
   int type = SQLITE_NULL;          // of SQLite
+  int columnType = 0;              // as ResultColumn has it
 };
 
 // What was made of the geometry of a column in one row.
@@ -78,9 +79,13 @@ class ResultCursor {
   bool MoveNext() {
     if (place_ != Place::kOnRow || !statement_.IsPrepared()) return MoveFirst();
     ++buffers_.row;
+    std::uint32_t const ready = readyCells_;
+    // Also where the step throws.
+    readyCells_ = 0;
     place_ = Place::kAfterEnd;
     if (!statement_.Step()) return End();
     place_ = Place::kOnRow;
+    readyCells_ = ready;
     return true;
   }
 
@@ -103,12 +108,29 @@ class ResultCursor {
   // Programs read in the order of the columns, or one column over and over.
   FdoInt32 IndexOf(FdoString* name);
 
-  bool IsNull(FdoInt32 index);
-  bool Boolean(FdoInt32 index);
+  bool IsNull(FdoInt32 index) {
+    Cell const& cell = CellAt(index);
+    return cell.columnType == kGeometryColumn ? ReadGeometry(index, cell).IsNull() : cell.type == SQLITE_NULL;
+  }
+  bool Boolean(FdoInt32 index) {
+    Cell const& cell = CellAt(index, FdoDataType_Boolean);
+    bool result = false;
+    if (cell.value == nullptr) return generatedId_ != 0;
+    if (cell.type == SQLITE_INTEGER) return sqlite3_value_int64(cell.value) != 0;
+    if (!ReadBoolean(cell.value, result)) RefuseValue(index);
+    return result;
+  }
   FdoDateTime DateTime(FdoInt32 index);
   float Single(FdoInt32 index);
   // Decimal and Double: there is no getter for Decimal.
-  double Double(FdoInt32 index);
+  double Double(FdoInt32 index) {
+    Cell const& cell = CellAt(index);
+    if (cell.columnType != FdoDataType_Double && cell.columnType != FdoDataType_Decimal) RefuseType(index);
+    if (cell.type == SQLITE_FLOAT) return sqlite3_value_double(cell.value);
+    double result = 0;
+    if (!ReadReal(cell.value, result)) RefuseValue(index);
+    return result;
+  }
 
   template <class Integer>
   Integer IntegerAt(FdoInt32 index, FdoDataType type) {
@@ -138,11 +160,22 @@ class ResultCursor {
   bool End() noexcept;
 
   // What is asked of a value is first whether it is null, then what it is: SQLite is asked for it once a row.
-  // Requires: the cursor stands on a row.
-  Cell const& ReadCell(FdoInt32 index) {
-    if (buffers_.cells == nullptr) MakeCells();
+  // Errors: as those of a getter, of any type.
+  Cell const& CellAt(FdoInt32 index) {
+    // Without a row there are none; no position below 0 is one, either.
+    if (static_cast<std::uint32_t>(index) >= readyCells_) MakeCells(index);
     Cell& cell = buffers_.cells[static_cast<std::size_t>(index)];
-    if (cell.row == buffers_.row) return cell;
+    if (cell.row != buffers_.row) ReadCell(cell, index);
+    return cell;
+  }
+
+  Cell const& CellAt(FdoInt32 index, int columnType) {
+    Cell const& cell = CellAt(index);
+    if (cell.columnType != columnType) RefuseType(index);
+    return cell;
+  }
+
+  void ReadCell(Cell& cell, FdoInt32 index) {
     cell.row = buffers_.row;
     if (statement_.IsPrepared()) {
       cell.value = sqlite3_column_value(statement_.Handle(), index);
@@ -150,17 +183,12 @@ class ResultCursor {
       cell.value = keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
     }
     cell.type = cell.value == nullptr ? SQLITE_INTEGER : sqlite3_value_type(cell.value);
-    return cell;
   }
 
-  Cell const& CellAt(FdoInt32 index, int type) {
-    if (ColumnAt(index).type != type) RefuseType(index);
-    if (place_ != Place::kOnRow) RefusePlace();
-    return ReadCell(index);
-  }
-
-  void MakeCells();
-  GeometryBytes ReadGeometry(FdoInt32 index);
+  // Errors: for a position that there is not, and where the cursor stands on no row.
+  void MakeCells(FdoInt32 index);
+  // Requires: the column is of geometry.
+  GeometryBytes ReadGeometry(FdoInt32 index, Cell const& cell);
 
   void RequireBytes(FdoInt32 index, Cell const& cell);
 
@@ -178,6 +206,7 @@ class ResultCursor {
   Place place_;
   bool preparedAnew_ = false;
   FdoInt32 lastIndex_ = -1;
+  std::uint32_t readyCells_ = 0;  // how many cells there are; 0 while the cursor stands on no row
   CursorBuffers buffers_;
 };
 

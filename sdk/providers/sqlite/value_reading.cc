@@ -102,6 +102,8 @@ bool ReadBoolean(sqlite3_value* value, bool& result) {
 
 bool ReadDateTime(sqlite3_value* value, FdoDateTime& result) {
   switch (sqlite3_value_type(value)) {
+    case SQLITE_TEXT:
+      return ParseDateText(TextBytesOf(value), result);
     case SQLITE_INTEGER:
       return DateFromUnixSeconds(sqlite3_value_int64(value), result);
     case SQLITE_FLOAT:

@@ -42,6 +42,14 @@ inline constexpr int kNumberTextSize = 32;
 // Borrowed: while the statement stands on the row, or while buffer is untouched.
 std::string_view TextOf(sqlite3_value* value, char (&buffer)[kNumberTextSize]);
 
+// The bytes of a text. Borrowed: while the statement stands on the row.
+// Requires: the type of the value is SQLITE_TEXT.
+inline std::string_view TextBytesOf(sqlite3_value* value) {
+  auto const* const text = reinterpret_cast<char const*>(sqlite3_value_text(value));
+  // The order matters: the first call may convert the value.
+  return std::string_view(text, text == nullptr ? 0 : static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
 // The bytes of a blob or text; those of its text for a number.
 // Borrowed: while the statement stands on the row.
 std::string_view BytesOf(sqlite3_value* value);
