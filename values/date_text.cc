@@ -1,6 +1,7 @@
 #include "values/date_text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -82,9 +83,22 @@ class TextWriter {
 
 bool HasTwoDigits(int number) { return number >= 0 && number <= 99; }
 
+struct DigitPair {
+  wchar_t tens, ones;
+};
+
+constexpr std::array<DigitPair, 100> kDigitPairs = [] {
+  std::array<DigitPair, 100> pairs{};
+  for (unsigned i = 0; i < pairs.size(); ++i) {
+    pairs[i] = {static_cast<wchar_t>(L'0' + i / 10), static_cast<wchar_t>(L'0' + i % 10)};
+  }
+  return pairs;
+}();
+
+// Requires: number < 100.
 wchar_t* PutTwoDigits(wchar_t* to, unsigned number) {
-  to[0] = static_cast<wchar_t>(L'0' + number / 10);
-  to[1] = static_cast<wchar_t>(L'0' + number % 10);
+  to[0] = kDigitPairs[number].tens;
+  to[1] = kDigitPairs[number].ones;
   return to + 2;
 }
 
@@ -121,6 +135,36 @@ bool FormatUsual(FdoDateTime const& value, wchar_t (&text)[kDateTextSize]) {
 }
 
 constexpr int kUsualLength = 23;
+
+bool IsDigit(wchar_t unit) { return unit >= L'0' && unit <= L'9'; }
+
+// Reads what FormatUsual writes, and the same without thousandths.
+// Errors: false for any other text; value is then untouched.
+bool ParseUsual(wchar_t const* text, FdoDateTime& value) {
+  constexpr wchar_t kForm[] = L"0000-00-00T00:00:00.000";
+  constexpr int kWithoutThousandths = 19;
+  int length = 0;
+  while (length < kUsualLength &&
+         (kForm[length] == L'0' ? IsDigit(text[length]) : text[length] == kForm[length])) {
+    ++length;
+  }
+  if (text[length] != 0 || (length != kUsualLength && length != kWithoutThousandths)) return false;
+
+  auto const number = [text](int begin, int end) {
+    int read = 0;
+    for (int i = begin; i < end; ++i) read = read * 10 + static_cast<int>(text[i] - L'0');
+    return read;
+  };
+  value.year = static_cast<FdoInt16>(number(0, 4));
+  value.month = static_cast<FdoInt8>(number(5, 7));
+  value.day = static_cast<FdoInt8>(number(8, 10));
+  value.hour = static_cast<FdoInt8>(number(11, 13));
+  value.minute = static_cast<FdoInt8>(number(14, 16));
+  int const thousandths = length == kUsualLength ? number(20, 23) : 0;
+  // The double is nowhere halfway between two floats unless the number is, so that this rounds once.
+  value.seconds = static_cast<float>((number(17, 19) * 1000 + thousandths) / 1000.0);
+  return true;
+}
 
 // Reads fields as one call of swscanf does: from the first that fails on, nothing is read.
 class FieldReader {
@@ -242,6 +286,7 @@ int FormatDateTime(FdoDateTime const& value, wchar_t (&text)[kDateTextSize]) {
 
 bool ParseDateTime(wchar_t const* text, FdoDateTime& value) {
   if (text == nullptr) return false;
+  if (ParseUsual(text, value)) return true;
   Marks const marks = FindMarks(text);
   bool const timeOnly = marks.time && !marks.date;
   bool const dateOnly = marks.date && !marks.time && !marks.letterT && !marks.blank;

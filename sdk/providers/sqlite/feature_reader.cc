@@ -26,7 +26,7 @@ FdoPropertyDefinition* DescribeComputed(ResultColumn const& column) {
 
 class FeatureReader : public ReaderBase<FdoIFeatureReader> {
  public:
-  FeatureReader(Connection* connection, ResultCursor cursor, FeatureShapePtr shape)
+  FeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape)
       : ReaderBase<FdoIFeatureReader>(connection, std::move(cursor)), shape_(std::move(shape)) {}
 
   // Few programs ask for it: it is made when one does.
@@ -90,7 +90,7 @@ FeatureShapePtr ShapeOf(StoreClassPtr storeClass, std::vector<int> places) {
   return shape;
 }
 
-FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor cursor, FeatureShapePtr shape) {
+FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape) {
   return new fdo_provider::ReadsByName<FeatureReader>(connection, std::move(cursor), std::move(shape));
 }
 

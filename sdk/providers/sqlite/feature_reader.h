@@ -30,7 +30,7 @@ ResultColumn ResultColumnOf(StoreColumn const& column);
 ResultColumn ComputedColumn(std::wstring name, SqlValue const& value);
 
 // Gives: one reference. Requires: the cursor has the columns of the shape.
-FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor cursor, FeatureShapePtr shape);
+FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape);
 
 }  // namespace fdo_sqlite
 

@@ -43,8 +43,12 @@ bool GivenValues::Bind(Statement& statement, FdoPropertyValueCollection& values,
       return false;
     }
     if (!items_[i].isGiven) continue;
-    FdoPtr<FdoLiteralValue> literal = LiteralOf(expression, parameters);
-    binder_.Bind(statement, place++, literal);
+    if (IsLiteral(*expression.p)) {
+      binder_.Bind(statement, place++, static_cast<FdoLiteralValue*>(expression.p));
+    } else {
+      FdoPtr<FdoLiteralValue> literal = LiteralOf(expression, parameters);
+      binder_.Bind(statement, place++, literal);
+    }
   }
   return true;
 }

@@ -14,7 +14,7 @@ namespace fdo_sqlite {
 template <class Interface>
 class ReaderBase : public Interface {
  public:
-  ReaderBase(Connection* connection, ResultCursor cursor)
+  ReaderBase(Connection* connection, ResultCursor&& cursor)
       : connection_(FDO_SAFE_ADDREF(connection)), cursor_(std::move(cursor)) {}
 
   FdoString* GetPropertyName(FdoInt32 index) override { return cursor_.ColumnAt(index).name.c_str(); }

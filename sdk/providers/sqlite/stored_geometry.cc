@@ -111,6 +111,7 @@ GeometryBytes StoredGeometry::Store(FdoByte const* fgf, std::size_t size) {
   if (fgf == nullptr) fdo_sdk::ThrowInvalidFgf();
   switch (format_) {
     case GeometryFormat::kFgf:
+      if (fdo_sdk::IsPointXy(fgf, size)) return {fgf, fdo_sdk::kPointXyBytes};
       return {fgf, FgfSize(fgf, size)};
     case GeometryFormat::kWkb:
       buffer_.Clear();

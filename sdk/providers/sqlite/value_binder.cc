@@ -79,7 +79,7 @@ void ValueBinder::Bind(Statement& statement, std::size_t place, FdoLiteralValue*
 }
 
 void ValueBinder::BindData(Statement& statement, int parameter, Slot& slot, FdoDataValue& value) {
-  switch (value.GetDataType()) {
+  switch (slot.column.type) {
     case FdoDataType_Boolean:
       statement.Bind(parameter, std::int64_t{static_cast<FdoBooleanValue&>(value).GetBoolean()});
       break;
@@ -131,7 +131,7 @@ void ValueBinder::BindData(Statement& statement, int parameter, Slot& slot, FdoD
         break;
       }
       std::string_view const bytes = ViewOf(slot.array);
-      if (value.GetDataType() == FdoDataType_CLOB && IsText(bytes)) {
+      if (slot.column.type == FdoDataType_CLOB && IsText(bytes)) {
         statement.BindText(parameter, bytes);
       } else {
         statement.BindBlob(parameter, bytes.data(), bytes.size());
@@ -168,20 +168,15 @@ void ValueBinder::BindGeometry(Statement& statement, int parameter, Slot& slot, 
 
 FdoLiteralValue* LiteralOf(FdoValueExpression* value, FdoParameterValueCollection* parameters) {
   if (value == nullptr) return nullptr;
-  switch (value->GetExpressionType()) {
-    case FdoExpressionItemType_DataValue:
-    case FdoExpressionItemType_GeometryValue:
-      return static_cast<FdoLiteralValue*>(FDO_SAFE_ADDREF(value));
-    case FdoExpressionItemType_Parameter: {
-      FdoString* const name = static_cast<FdoParameter*>(value)->GetName();
-      FdoPtr<FdoParameterValue> given = parameters->FindItem(name);
-      if (given == nullptr) Refuse(L"The parameter \"" + std::wstring(name) + L"\" has no value.");
-      return given->GetValue();
-    }
-    default:
-      Refuse(std::wstring(L"The value of a property must be a literal or a parameter, not ") +
-             value->ToString() + L".");
+  if (IsLiteral(*value)) return static_cast<FdoLiteralValue*>(FDO_SAFE_ADDREF(value));
+  if (value->GetExpressionType() != FdoExpressionItemType_Parameter) {
+    Refuse(std::wstring(L"The value of a property must be a literal or a parameter, not ") +
+           value->ToString() + L".");
   }
+  FdoString* const name = static_cast<FdoParameter*>(value)->GetName();
+  FdoPtr<FdoParameterValue> given = parameters->FindItem(name);
+  if (given == nullptr) Refuse(L"The parameter \"" + std::wstring(name) + L"\" has no value.");
+  return given->GetValue();
 }
 
 }  // namespace fdo_sqlite

@@ -43,11 +43,18 @@ class ValueBinder {
     FdoPtr<FdoByteArray> array;
   };
 
+  // Requires: the value is of the column's type.
   static void BindData(Statement& statement, int parameter, Slot& slot, FdoDataValue& value);
   static void BindGeometry(Statement& statement, int parameter, Slot& slot, FdoByteArray& fgf);
 
   std::vector<std::unique_ptr<Slot>> slots_;
 };
+
+// Whether the expression is a FdoLiteralValue.
+inline bool IsLiteral(FdoValueExpression& value) {
+  FdoExpressionItemType const type = value.GetExpressionType();
+  return type == FdoExpressionItemType_DataValue || type == FdoExpressionItemType_GeometryValue;
+}
 
 // The literal that a value expression is or stands for: itself, or the parameter's value.
 // Gives: one reference; null for no value. Errors: FdoCommandException* for a parameter without a value, and
