@@ -26,12 +26,14 @@ struct Command {
 
 Action DefineInfo(CLI::App& app);
 Action DefineQuery(CLI::App& app);
+Action DefineEval(CLI::App& app);
 Action DefineStats(CLI::App& app);
 Action DefineConvert(CLI::App& app);
 Action DefineProviders(CLI::App& app);
 
 extern char const kInfoDetails[];
 extern char const kQueryDetails[];
+extern char const kEvalDetails[];
 extern char const kStatsDetails[];
 extern char const kConvertDetails[];
 extern char const kProvidersDetails[];
@@ -40,6 +42,7 @@ inline constexpr Command kCommands[] = {
     {"info", "Show the tables of a source, their columns, extent and coordinate system", kInfoDetails,
      DefineInfo},
     {"query", "Print rows: all, by condition, by box or by id", kQueryDetails, DefineQuery},
+    {"eval", "Compute an expression or a filter, once or for each row of a table", kEvalDetails, DefineEval},
     {"stats", "Print statistics of columns", kStatsDetails, DefineStats},
     {"convert", "Write a table into another file, in any format that FDO or GDAL writes", kConvertDetails,
      DefineConvert},

@@ -4,107 +4,57 @@
 
 #include "tools/quillon/messages.h"
 #include "tools/quillon/selection.h"
+#include "tools/quillon/tree_visitor.h"
 #include "tools/quillon/utf8.h"
 
 namespace fdo::tool {
 
 namespace {
 
-// Visits every name of a column in a filter and holds it against a table.
-class ColumnCheck : public FdoIFilterProcessor, public FdoIExpressionProcessor {
+// Holds every name of a column against a table.
+class ColumnCheck : public TreeVisitor {
  public:
   explicit ColumnCheck(TableDef const& def) : def_(def) {}
 
-  void Check(FdoFilter* filter) {
-    if (filter != nullptr) filter->Process(this);
-  }
-
-  void ProcessBinaryLogicalOperator(FdoBinaryLogicalOperator& filter) override {
-    Check(FdoPtr<FdoFilter>(filter.GetLeftOperand()));
-    Check(FdoPtr<FdoFilter>(filter.GetRightOperand()));
-  }
-  void ProcessUnaryLogicalOperator(FdoUnaryLogicalOperator& filter) override {
-    Check(FdoPtr<FdoFilter>(filter.GetOperand()));
-  }
-  void ProcessComparisonCondition(FdoComparisonCondition& filter) override {
-    Check(FdoPtr<FdoExpression>(filter.GetLeftExpression()));
-    Check(FdoPtr<FdoExpression>(filter.GetRightExpression()));
-  }
-  void ProcessInCondition(FdoInCondition& filter) override {
-    // The values are literals or parameters.
-    Check(FdoPtr<FdoIdentifier>(filter.GetPropertyName()));
-  }
-  void ProcessNullCondition(FdoNullCondition& filter) override {
-    Check(FdoPtr<FdoIdentifier>(filter.GetPropertyName()));
-  }
-  void ProcessSpatialCondition(FdoSpatialCondition& filter) override {
-    Check(FdoPtr<FdoIdentifier>(filter.GetPropertyName()));
-    Check(FdoPtr<FdoExpression>(filter.GetGeometry()));
-  }
-  void ProcessDistanceCondition(FdoDistanceCondition& filter) override {
-    Check(FdoPtr<FdoIdentifier>(filter.GetPropertyName()));
-    Check(FdoPtr<FdoExpression>(filter.GetGeometry()));
-  }
-
-  void ProcessBinaryExpression(FdoBinaryExpression& expression) override {
-    Check(FdoPtr<FdoExpression>(expression.GetLeftExpression()));
-    Check(FdoPtr<FdoExpression>(expression.GetRightExpression()));
-  }
-  void ProcessUnaryExpression(FdoUnaryExpression& expression) override {
-    Check(FdoPtr<FdoExpression>(expression.GetExpression()));
-  }
-  void ProcessFunction(FdoFunction& function) override {
-    FdoPtr<FdoExpressionCollection> const arguments = function.GetArguments();
-    for (FdoInt32 i = 0; i < arguments->GetCount(); ++i) Check(FdoPtr<FdoExpression>(arguments->GetItem(i)));
-  }
-  void ProcessIdentifier(FdoIdentifier& identifier) override {
+ protected:
+  void OnIdentifier(FdoIdentifier& identifier) override {
     // A column's own name may hold the characters that otherwise part a scope from a name.
     if (def_.IndexOf(identifier.GetText()) < 0) FindColumn(def_, Utf8(identifier.GetName()));
   }
-  void ProcessComputedIdentifier(FdoComputedIdentifier& identifier) override {
-    Check(FdoPtr<FdoExpression>(identifier.GetExpression()));
-  }
-
-  void ProcessParameter(FdoParameter&) override {}
-  void ProcessBooleanValue(FdoBooleanValue&) override {}
-  void ProcessByteValue(FdoByteValue&) override {}
-  void ProcessDateTimeValue(FdoDateTimeValue&) override {}
-  void ProcessDecimalValue(FdoDecimalValue&) override {}
-  void ProcessDoubleValue(FdoDoubleValue&) override {}
-  void ProcessInt16Value(FdoInt16Value&) override {}
-  void ProcessInt32Value(FdoInt32Value&) override {}
-  void ProcessInt64Value(FdoInt64Value&) override {}
-  void ProcessSingleValue(FdoSingleValue&) override {}
-  void ProcessStringValue(FdoStringValue&) override {}
-  void ProcessBLOBValue(FdoBLOBValue&) override {}
-  void ProcessCLOBValue(FdoCLOBValue&) override {}
-  void ProcessGeometryValue(FdoGeometryValue&) override {}
-
- protected:
-  // It lives on the stack and is never released.
-  void Dispose() override {}
 
  private:
-  void Check(FdoExpression* expression) {
-    if (expression != nullptr) expression->Process(this);
-  }
-
   TableDef const& def_;
 };
 
-}  // namespace
-
-FdoPtr<FdoFilter> ParseFilter(std::string const& text) {
+template <class Tree>
+FdoPtr<Tree> TryParse(std::string const& text, std::string& error) {
   std::wstring wide;
   WideFromUtf8(text, wide);
   try {
-    return FdoFilter::Parse(wide.c_str());
+    return Tree::Parse(wide.c_str());
   } catch (FdoException* raised) {
     FdoPtr<FdoException> const failure(raised);
     FdoString* const message = failure->GetExceptionMessage();
-    std::string const detail = message == nullptr ? "" : Utf8(message);
-    throw BadFilter(text, detail, PositionInMessage(detail));
+    error = message == nullptr ? "it is none" : Utf8(message);
+    return nullptr;
   }
+}
+
+}  // namespace
+
+FdoPtr<FdoFilter> TryParseFilter(std::string const& text, std::string& error) {
+  return TryParse<FdoFilter>(text, error);
+}
+
+FdoPtr<FdoExpression> TryParseExpression(std::string const& text, std::string& error) {
+  return TryParse<FdoExpression>(text, error);
+}
+
+FdoPtr<FdoFilter> ParseFilter(std::string const& text) {
+  std::string error;
+  FdoPtr<FdoFilter> const filter = TryParseFilter(text, error);
+  if (filter == nullptr) throw BadFilter(text, error, PositionInMessage(error));
+  return filter;
 }
 
 std::optional<int> PositionInMessage(std::string_view message) {
@@ -117,6 +67,7 @@ std::optional<int> PositionInMessage(std::string_view message) {
   return place - 1;
 }
 
-void CheckColumns(FdoFilter* filter, TableDef const& def) { ColumnCheck(def).Check(filter); }
+void CheckColumns(FdoFilter* filter, TableDef const& def) { ColumnCheck(def).Visit(filter); }
+void CheckColumns(FdoExpression* expression, TableDef const& def) { ColumnCheck(def).Visit(expression); }
 
 }  // namespace fdo::tool

@@ -43,6 +43,13 @@ std::string BlankUpTo(std::string const& text, int position) {
   return blank;
 }
 
+Failure DoesNotParse(char const* what, std::string const& text, std::string const& detail,
+                     std::optional<int> position) {
+  std::string message = fmt::format("the {} does not parse: {}\n  {}", what, detail, text);
+  if (position) message += fmt::format("\n  {}^", BlankUpTo(text, *position));
+  return {ExitCode::kUsage, std::move(message)};
+}
+
 }  // namespace
 
 Failure Usage(std::string const& detail) {
@@ -153,9 +160,40 @@ Failure NoStatistics(std::string const& table, std::string const& column, std::s
 }
 
 Failure BadFilter(std::string const& text, std::string const& detail, std::optional<int> position) {
-  std::string message = fmt::format("the filter does not parse: {}\n  {}", detail, text);
-  if (position) message += fmt::format("\n  {}^", BlankUpTo(text, *position));
-  return {ExitCode::kUsage, std::move(message)};
+  return DoesNotParse("filter", text, detail, position);
+}
+
+Failure BadExpression(std::string const& text, std::string const& detail, std::optional<int> position) {
+  return DoesNotParse("expression", text, detail, position);
+}
+
+Failure NoSuchFunction(std::string const& name) {
+  return {ExitCode::kUsage,
+          fmt::format("there is no function \"{}\"; quillon eval --help lists the functions", name)};
+}
+
+Failure WrongArgumentCount(std::string const& function, int count) {
+  return {ExitCode::kUsage,
+          fmt::format("the function {} does not take {} argument{}", function, count, count == 1 ? "" : "s")};
+}
+
+Failure CannotCompute(std::string const& text, std::string const& detail) {
+  return {ExitCode::kFailed, fmt::format("{} cannot be computed{}", text, WithDetail(detail))};
+}
+
+Failure NoValue(std::string const& name, std::string const& suggestion) {
+  return {ExitCode::kFailed,
+          suggestion.empty()
+              ? fmt::format("\"{0}\" has no value; give it one with --set {0}=VALUE, or name a source", name)
+              : fmt::format("\"{}\" has no value; did you mean \"{}\"?", name, suggestion)};
+}
+
+Failure BadAssignment(std::string const& text) {
+  return {ExitCode::kUsage, fmt::format("\"{}\" sets nothing; write --set name=value", text)};
+}
+
+Failure SetTwice(std::string const& name) {
+  return {ExitCode::kUsage, fmt::format("\"{}\" is set twice; set each name once", name)};
 }
 
 Failure QueryFailed(std::string const& source) {

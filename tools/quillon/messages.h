@@ -43,6 +43,15 @@ Failure NoStatistics(std::string const& table, std::string const& column, std::s
 // position: of the error in text, in characters, if it is known; a caret is set under it.
 Failure BadFilter(std::string const& text, std::string const& detail, std::optional<int> position);
 
+// --- Expressions ------------------------------------------------------------------------------
+Failure BadExpression(std::string const& text, std::string const& detail, std::optional<int> position);
+Failure NoSuchFunction(std::string const& name);
+Failure WrongArgumentCount(std::string const& function, int count);
+Failure CannotCompute(std::string const& text, std::string const& detail);
+Failure NoValue(std::string const& name, std::string const& suggestion);
+Failure BadAssignment(std::string const& text);
+Failure SetTwice(std::string const& name);
+
 // The library gave its reasons in lines of their own.
 Failure QueryFailed(std::string const& source);
 // detail: what the back end says, or "".

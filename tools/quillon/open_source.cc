@@ -83,6 +83,12 @@ std::string ReadError(Source const& source) {
   return source.throughGdal == nullptr ? std::string() : Utf8(source.throughGdal->LastError());
 }
 
+void FinishReading(Source const& source, Table& table, Session& session) {
+  table.EndQuery();
+  std::string const readError = ReadError(source);
+  if (session.ShowDiagnostics() || !readError.empty()) throw RowsMissing(source.name, readError);
+}
+
 bool OrdersRows(Source const& source) {
   auto const* const database =
       dynamic_cast<DatabaseFdo const*>(static_cast<Database const*>(source.database));

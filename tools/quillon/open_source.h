@@ -44,6 +44,10 @@ Source OpenSource(SourceOptions const& options, Session& session);
 // Why reading the source broke off, or "" when it did not. GDAL tells of damage on the way only so.
 std::string ReadError(Source const& source);
 
+// Ends a query whose rows have been read.
+// Errors: throws Failure when reading them met an error, so that rows may be missing.
+void FinishReading(Source const& source, Table& table, Session& session);
+
 // Whether the source's queries order rows by a column.
 bool OrdersRows(Source const& source);
 

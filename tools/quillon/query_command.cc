@@ -132,11 +132,9 @@ ExitCode Query(QueryOptions const& options, Session& session) {
     ++rows;
     row = options.id || options.row || rows == limit ? nullptr : table.Next();
   }
-  table.EndQuery();
   writer->End();
   session.output.Flush();
-  std::string const readError = ReadError(source);
-  if (session.ShowDiagnostics() || !readError.empty()) throw RowsMissing(source.name, readError);
+  FinishReading(source, table, session);
   return ExitCode::kDone;
 }
 
