@@ -144,6 +144,14 @@ Table* DatabaseOgr::DuplicateTable(Table* table) {
 
 void DatabaseOgr::DestroyTable(Table* table) { delete table; }
 
+FilterPlan DatabaseOgr::ExplainFilter(Table const& table, FdoFilter* filter) const {
+  auto const* const ogrTable = dynamic_cast<TableOgr const*>(&table);
+  if (ogrTable != nullptr) return ogrTable->Explain(filter);
+  FilterPlan refused;
+  refused.reason = L"the table is of another database";
+  return refused;
+}
+
 void DatabaseOgr::KeepNullNumbers(bool keep) {
   keepNullNumbers_ = keep;
   if (source_ != nullptr) source_->KeepNullNumbers(keep);

@@ -36,6 +36,9 @@ class RowFilter {
   // Units: minX, minY, maxX, maxY.
   std::optional<std::array<double, 4>> const& Box() const { return box_; }
 
+  // The program that is computed, see ExprEval::Listing.
+  std::wstring Listing() const { return eval_->Listing(row_.Def()); }
+
   // Errors: throws FdoException* for a feature for which the filter cannot be computed.
   bool Matches(OgrFeatureH feature);
 

@@ -12,6 +12,8 @@
 #include "ogr_backend/ogr_test_files.h"
 #include "ogr_backend/ogr_test_formats.h"
 #include "testing/captured_diagnostics.h"
+#include "testing/memory_table.h"
+#include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
 #include "testing/tree_evaluator.h"
 
@@ -206,6 +208,53 @@ TEST_P(OgrRowFilter, AgreesWithTheReferenceAndWithGdal) {
     EXPECT_EQ(Where(pair.byRows), expected) << ToUtf8(pair.byRows);
     EXPECT_EQ(Where(pair.byGdal), expected) << ToUtf8(pair.byGdal);
   }
+}
+
+// What is explained is what happens, and asking changes nothing.
+TEST_P(OgrRowFilter, ExplainTellsTheWay) {
+  Rows().Query();
+  ASSERT_NE(Rows().Next(), nullptr);
+  FilterPlan const byGdal = database_.ExplainFilter(Rows(), Filter(L"n > 2"));
+  EXPECT_EQ(byGdal.way, FilterPlan::kCondition);
+  EXPECT_EQ(byGdal.condition, L"(\"n\" > 2)");
+  EXPECT_EQ(byGdal.reason, L"");
+  EXPECT_EQ(byGdal.program, L"");
+
+  FdoPtr<FdoFilter> const near = Filter(L"GEOMETRY WITHINDISTANCE GeomFromText('LINESTRING (1 1, 2 3)') 0.5");
+  FilterPlan const byRows = database_.ExplainFilter(Rows(), near);
+  EXPECT_EQ(byRows.way, FilterPlan::kRowByRow);
+  EXPECT_EQ(byRows.condition, L"");
+  EXPECT_NE(byRows.reason, L"");
+  EXPECT_NE(byRows.program.find(L"OpDistance"), std::wstring::npos);
+  if (byRows.narrows) {
+    double const expected[] = {0.5, 0.5, 2.5, 3.5};
+    for (int i = 0; i < 4; ++i) EXPECT_NEAR(byRows.box[i], expected[i], 0.01);
+  }
+  // The layers of these have a type of geometry, which has no arcs.
+  std::string const format = GetParam().name;
+  EXPECT_EQ(byRows.narrows, format == "Shapefile" || format == "GeoJson");
+
+  FilterPlan const everywhere = database_.ExplainFilter(Rows(), Filter(L"mod(n, 2) = 1"));
+  EXPECT_EQ(everywhere.way, FilterPlan::kRowByRow);
+  EXPECT_FALSE(everywhere.narrows);
+  EXPECT_EQ(everywhere.program, L"OpPushLiteral      1\nOpPushLiteral      2\nOpPushField        " +
+                                    std::to_wstring(ColumnOf(Rows(), L"n")) +
+                                    L" n\nOpFunction         30 mod\nOpEqual\n");
+
+  for (wchar_t const* refused : {L"nowhere = 1", L"n = :p", L"sine(n) = 1"}) {
+    FilterPlan const plan = database_.ExplainFilter(Rows(), Filter(refused));
+    EXPECT_EQ(plan.way, FilterPlan::kRefused) << ToUtf8(refused);
+    EXPECT_NE(plan.reason, L"") << ToUtf8(refused);
+  }
+  EXPECT_EQ(Rest().size(), 5u) << "the query has gone on";
+}
+
+TEST(OgrExplainFilter, RefusesWhatItKnowsNothingOf) {
+  DatabaseOgr database;
+  TableDef const def = MakeTableDef(L"s", L"t", L"id:Int64 n:Int32");
+  MemoryTable const table(&def);
+  FdoPtr<FdoFilter> const filter = FdoFilter::Parse(L"n > 2");
+  EXPECT_EQ(database.ExplainFilter(table, filter).way, FilterPlan::kRefused);
 }
 
 INSTANTIATE_TEST_SUITE_P(Format, OgrRowFilter, ::testing::ValuesIn(kOgrFormats),

@@ -211,13 +211,45 @@ void TableOgr::SetBox(double const* box) {
   gdal_.OGR_L_SetSpatialFilterRect(layer_, box[0], box[1], box[2], box[3]);
 }
 
-// Has the filter become a condition of GDAL's or, where it cannot be one, a filter for rows; sql.columns are
-// those that it looks at.
-// Gives: false when neither is possible; that has been reported.
-bool TableOgr::TakeFilter(FdoFilter* filter, FilterSql& sql) {
-  sql = TranslateFilter(filter, *def_, Target());
+TableOgr::TakenFilter TableOgr::Take(FdoFilter* filter) const {
+  TakenFilter taken{TranslateFilter(filter, *def_, Target()), nullptr};
+  if (taken.sql.refused && taken.sql.holdsForRows) {
+    taken.rows = RowFilter::Make(gdal_, layer_, *def_, filter, taken.sql.refusal);
+  }
+  return taken;
+}
+
+FilterPlan TableOgr::Explain(FdoFilter* filter) const {
+  FilterPlan plan;
+  if (filter == nullptr) {
+    plan.reason = L"there is no filter";
+    return plan;
+  }
+  return AtBoundary(plan, [&] {
+    GdalErrorScope scope(gdal_);
+    TakenFilter const taken = Take(filter);
+    if (!taken.sql.refused) {
+      plan.way = FilterPlan::kCondition;
+      plan.condition = ToWide(taken.sql.text.c_str());
+      return plan;
+    }
+    plan.reason = taken.sql.refusal;
+    if (taken.rows == nullptr) return plan;
+    plan.way = FilterPlan::kRowByRow;
+    plan.program = taken.rows->Listing();
+    plan.narrows = taken.rows->Box().has_value();
+    if (plan.narrows) std::copy_n(taken.rows->Box()->begin(), 4, plan.box);
+    return plan;
+  });
+}
+
+// Gives: false when the filter is refused; that has been reported. Otherwise sql.columns are those that the
+// filter looks at.
+bool TableOgr::PutInForce(FdoFilter* filter, FilterSql& sql) {
+  TakenFilter taken = Take(filter);
+  sql = std::move(taken.sql);
+  rowFilter_ = std::move(taken.rows);
   if (!sql.refused) return true;
-  if (sql.holdsForRows) rowFilter_ = RowFilter::Make(gdal_, layer_, *def_, filter, sql.refusal);
   if (rowFilter_ == nullptr) {
     Refuse(sql.refusal.c_str());
     return false;
@@ -249,7 +281,7 @@ bool TableOgr::StartQuery(FdoFilter* filter) {
   return AtBoundary(false, [&] {
     GdalErrorScope scope(gdal_);
     FilterSql sql;
-    if (filter != nullptr && !TakeFilter(filter, sql)) return false;
+    if (filter != nullptr && !PutInForce(filter, sql)) return false;
     bool const byGdal = filter != nullptr && rowFilter_ == nullptr;
     NarrowForFilter();
     // Some drivers look at what is ignored when the condition is set, so that comes second.

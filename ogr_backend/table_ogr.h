@@ -2,6 +2,7 @@
 #ifndef OGR_BACKEND_TABLE_OGR_H_
 #define OGR_BACKEND_TABLE_OGR_H_
 
+#include <fdo/database_ogr.h>
 #include <fdo/row.h>
 #include <fdo/table.h>
 
@@ -29,6 +30,9 @@ class TableOgr : public Table {
   TableOgr(std::unique_ptr<GdalSource> source, int layer, TableDef const& def, std::wstring& lastError);
 
   int LayerIndex() const { return layerIndex_; }
+
+  // See DatabaseOgr::ExplainFilter.
+  FilterPlan Explain(FdoFilter* filter) const;
 
   bool Insert(Row const& row, __int64* newId, bool storeMakesId) override;
   __int64 Update(Row const& row, FdoFilter* filter) override;
@@ -67,8 +71,15 @@ class TableOgr : public Table {
     kById,   // the features of the range, one id after the other
   };
 
+  // A filter as GDAL's condition or, where it cannot be one, for rows; neither when it is refused.
+  struct TakenFilter {
+    FilterSql sql;
+    std::unique_ptr<RowFilter> rows;
+  };
+
   bool StartQuery(FdoFilter* filter);
-  bool TakeFilter(FdoFilter* filter, FilterSql& sql);
+  TakenFilter Take(FdoFilter* filter) const;
+  bool PutInForce(FdoFilter* filter, FilterSql& sql);
   void NarrowForFilter();
   bool IsSelected(OgrFeatureH feature);
   void ApplyDesiredFields(std::vector<bool> const* filterColumns);

@@ -13,6 +13,23 @@ namespace internal {
 class GdalSource;
 }
 
+// Which way a table of DatabaseOgr goes to find the rows that meet a filter.
+struct FilterPlan {
+  enum Way {
+    kCondition,  // GDAL runs it, as the condition
+    kRowByRow,   // the program is computed for each row that GDAL gives
+    kRefused,    // there is no way
+  };
+
+  Way way = kRefused;
+  std::wstring condition;  // of kCondition: in GDAL's dialect or, for a format that is a database, in its SQL
+  std::wstring reason;     // else: why GDAL cannot run the filter or, if it is refused, why nothing can
+  std::wstring program;    // of kRowByRow: see ExprEval::Listing
+  // Of kRowByRow: GDAL gives only rows whose geometry meets the box, unless the query has a box of its own.
+  bool narrows = false;
+  double box[4] = {0, 0, 0, 0};  // Units: minX, minY, maxX, maxY
+};
+
 // A vector data source that GDAL opens: each layer is a table, each feature a row. GDAL is loaded at
 // the first call that needs it, and its drivers are registered then, once in the process; the
 // environment variable QUILLON_GDAL_LIBRARY names another library than the one that is found.
@@ -32,12 +49,13 @@ class GdalSource;
 // - A filter is handed to GDAL as a condition of the same meaning; text is equal when case is, too, its order
 //   and LIKE's view of case are the format's. What GDAL cannot run so is computed for each row (see ExprEval,
 //   with both of its options; LIKE then tells upper from lower case): dates, spatial and distance conditions,
-//   functions, NULL beyond the test for it, brackets in LIKE, division by a column; and, unless the format is a
-//   database, an underscore in LIKE, which GDAL counts in bytes. GDAL reads only what lies near the geometry of
-//   a spatial condition that must hold; such rows are counted by a scan only. What cannot be computed at all is
-//   refused: names that are no columns, text compared with numbers, geometry compared, parameters, sub-selects,
-//   unknown functions. A refused filter gives no rows, the count -1, and one diagnostic line; a filter that
-//   fails for a row ends the query, with one line.
+//   functions, NULL beyond the test for it, brackets in LIKE, division by a column; and, unless the format is
+//   a database, an underscore in LIKE, which GDAL counts in bytes. GDAL reads only what lies near the
+//   geometry of a spatial condition that must hold; such rows are counted by a scan only. What cannot be
+//   computed at all is refused: names that are no columns, text compared with numbers, geometry compared,
+//   parameters, sub-selects, unknown functions. A refused filter gives no rows, the count -1, and one
+//   diagnostic line; a filter that fails for a row ends the query, with one line. ExplainFilter tells which
+//   of these comes.
 // - Update(row, filter) ignores the filter: column 0 of the row says which feature is rewritten.
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.
@@ -95,6 +113,11 @@ class QUILLON_EXPORT DatabaseOgr : public Database {
   bool Create(wchar_t const* path, wchar_t const* driver, DatabaseDef const& def);
   // GDAL's short name of the driver that creates vector data under the path's extension; "" if none.
   static std::wstring DriverForPath(wchar_t const* path);
+
+  // How a query with that filter would be run; nothing is read, and a query that runs goes on.
+  // Errors: kRefused for a null filter, and for a table of another database. What the filter's own nodes
+  // throw is a diagnostic line and kRefused.
+  FilterPlan ExplainFilter(Table const& table, FdoFilter* filter) const;
 
   // Makes tables write a null number as null, from now on, instead of as 0.
   void KeepNullNumbers(bool keep);

@@ -4,7 +4,6 @@
 #include <limits>
 #include <memory>
 #include <optional>
-#include <sstream>
 
 #include "tools/quillon/cell_text.h"
 #include "tools/quillon/command.h"
@@ -14,6 +13,7 @@
 #include "tools/quillon/messages.h"
 #include "tools/quillon/named_values.h"
 #include "tools/quillon/open_source.h"
+#include "tools/quillon/program_listing.h"
 #include "tools/quillon/row_writer.h"
 #include "tools/quillon/selection.h"
 #include "tools/quillon/utf8.h"
@@ -53,18 +53,15 @@ struct EvalOptions {
 
 void WriteProgram(ExprEval const& eval, Formula const& formula, TableDef const& def, bool asJson,
                   Output& output) {
-  std::string const listing = Utf8(eval.Listing(&def));
+  std::wstring const listing = eval.Listing(&def);
   if (!asJson) {
-    output.Write(listing);
+    output.Write(Utf8(listing));
     return;
   }
   JsonDocument json;
   json.BeginObject();
   json.Text("kind", std::string_view(formula.filter != nullptr ? "filter" : "expression"));
-  json.BeginArray("program");
-  std::istringstream lines(listing);
-  for (std::string line; std::getline(lines, line);) json.Text({}, std::string_view(line));
-  json.EndArray();
+  AddProgram(json, listing);
   json.EndObject();
   output.Write(std::move(json).Finish());
 }

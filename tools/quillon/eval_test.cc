@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "testing/scratch_directory.h"
@@ -16,13 +17,13 @@ using Arguments = std::vector<std::string>;
 
 std::string World() { return std::string(QUILLON_TEST_DATA) + "/world.gpkg"; }
 
-ProgramResult Run(char const* command, Arguments arguments) {
+ProgramResult RunCommand(char const* command, Arguments arguments) {
   arguments.insert(arguments.begin(), command);
   return RunQuillon(arguments);
 }
 
 std::string Printed(char const* command, Arguments const& arguments) {
-  auto const result = Run(command, arguments);
+  auto const result = RunCommand(command, arguments);
   EXPECT_EQ(result.code, 0) << result.err;
   EXPECT_EQ(result.err, "");
   return result.out;
@@ -35,7 +36,7 @@ struct Refusal {
 };
 
 void ExpectRefused(char const* command, Refusal const& refusal) {
-  auto const result = Run(command, refusal.arguments);
+  auto const result = RunCommand(command, refusal.arguments);
   EXPECT_EQ(result.code, refusal.code) << refusal.message;
   EXPECT_EQ(result.out, "");
   EXPECT_THAT(result.err, HasSubstr(refusal.message));
@@ -122,7 +123,8 @@ TEST(Eval, AColumnIsWhatTheRowsHold) {
 TEST(Eval, BoxAndLimitNarrowTheRows) {
   EXPECT_EQ(json::parse(Printed("eval", {"1", World(), "--limit", "4", "--json"})).size(), 4u);
   EXPECT_EQ(json::parse(Printed("eval", {"1", World(), "--limit", "0", "--json"})), json::array());
-  json const rows = json::parse(Printed("eval", {"name_long", World(), "--bbox", "-20,64.5,-19,65", "--json"}));
+  json const rows =
+      json::parse(Printed("eval", {"name_long", World(), "--bbox", "-20,64.5,-19,65", "--json"}));
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0]["value"], "Iceland");
 }
@@ -172,6 +174,71 @@ TEST(Eval, WhatIsWrongIsSaid) {
       {{"x(name_long)", World()}, 1, "expected the word of a geometry type"},
   };
   for (Refusal const& refusal : cases) ExpectRefused("eval", refusal);
+}
+
+std::string SmallGeoJson(ScratchDirectory const& scratch) {
+  std::string const path = (scratch.Path() / "towns.geojson").string();
+  std::ofstream(path) << R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {"n": 1}, "geometry": {"type": "Point", "coordinates": [1, 1]}},
+    {"type": "Feature", "properties": {"n": 2}, "geometry": {"type": "Point", "coordinates": [2, 2]}}]})";
+  return path;
+}
+
+TEST(QueryExplain, SaysWhichWayTheFilterGoes) {
+  ScratchDirectory const scratch;
+  std::string const towns = SmallGeoJson(scratch);
+  EXPECT_EQ(Printed("query", {World(), "--explain"}), "filter: none\n");
+  EXPECT_EQ(Printed("query", {World(), "--where", "pop > 1e8", "--explain"}),
+            "filter: run by GDAL (GPKG) as (\"pop\" > 1e+08)\n");
+  EXPECT_EQ(Printed("query", {World(), "--where", "mod(pop, 2) = 1", "--bbox", "0,1,2,3.5", "--explain"}),
+            "filter: computed row by row, since GDAL cannot run it: it calls the function mod\n"
+            "box: 0,1,2,3.5\n"
+            "program:\n"
+            "OpPushLiteral      1\n"
+            "OpPushLiteral      2\n"
+            "OpPushField        9 pop\n"
+            "OpFunction         30 mod\n"
+            "OpEqual\n");
+  EXPECT_THAT(
+      Printed("query", {towns, "--where", "OGR_GEOMETRY within GeomFromText('POINT (1 1)')", "--explain"}),
+      testing::ContainsRegex("box: 0\\.9+[0-9]*,0\\.9+[0-9]*,1\\.0+[0-9]*,1\\.0+[0-9]*, of the filter's "
+                             "geometry\nprogram:\n.*OpSpatial"));
+}
+
+TEST(QueryExplain, AProviderRunsItsFilters) {
+  ScratchDirectory const scratch;
+  std::string const store = (scratch.Path() / "towns.sqlite").string();
+  ASSERT_EQ(RunCommand("convert", {SmallGeoJson(scratch), store}).code, 0);
+  EXPECT_EQ(Printed("query", {store, "--where", "mod(n, 2) = 1", "--explain"}),
+            "filter: run by the provider OSGeo.SQLite\n");
+}
+
+TEST(QueryExplain, AsJson) {
+  ScratchDirectory const scratch;
+  std::string const towns = SmallGeoJson(scratch);
+  auto const plan = [&](Arguments arguments) {
+    arguments.insert(arguments.end(), {"--explain", "--json"});
+    return json::parse(Printed("query", arguments));
+  };
+  EXPECT_EQ(plan({towns, "--bbox", "0,1,2,3"}),
+            (json{{"filter", "none"}, {"back_end", "GeoJSON"}, {"box", {0, 1, 2, 3}}}));
+  EXPECT_EQ(plan({towns, "--where", "n = 1"}),
+            (json{{"filter", "gdal"}, {"back_end", "GeoJSON"}, {"condition", "(\"n\" = 1)"}}));
+  json const byRows = plan({towns, "--where", "OGR_GEOMETRY withindistance GeomFromText('POINT (1 1)') 0.5"});
+  EXPECT_EQ(byRows["filter"], "rows");
+  EXPECT_NE(byRows["reason"], "");
+  EXPECT_NEAR(byRows["box"][0].get<double>(), 0.5, 0.01);
+  EXPECT_EQ(byRows["program"].back(), "OpDistance         1 WITHINDISTANCE");
+}
+
+TEST(QueryExplain, WhatCannotBeRunIsRefusedAsTheQueryWouldBe) {
+  Refusal const cases[] = {
+      {{World(), "--where", "pop = :p", "--explain"}, 1, "cannot be asked with this filter"},
+      {{World(), "--where", "sine(pop) = 1", "--explain"}, 1, "Unknown function"},
+      {{World(), "--where", "popp = 1", "--explain"}, 1, "did you mean \"pop\"?"},
+      {{World(), "--id", "1", "--explain"}, 2, "--explain"},
+  };
+  for (Refusal const& refusal : cases) ExpectRefused("query", refusal);
 }
 
 // The help lists every function and none that does not exist.

@@ -163,6 +163,11 @@ Failure BadFilter(std::string const& text, std::string const& detail, std::optio
   return DoesNotParse("filter", text, detail, position);
 }
 
+Failure FilterRefused(std::string const& source, std::string const& detail) {
+  return {ExitCode::kFailed,
+          fmt::format("{} cannot be asked with this filter{}", source, WithDetail(detail))};
+}
+
 Failure BadExpression(std::string const& text, std::string const& detail, std::optional<int> position) {
   return DoesNotParse("expression", text, detail, position);
 }

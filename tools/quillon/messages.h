@@ -42,6 +42,7 @@ Failure NoStatistics(std::string const& table, std::string const& column, std::s
 // --- Filters ----------------------------------------------------------------------------------
 // position: of the error in text, in characters, if it is known; a caret is set under it.
 Failure BadFilter(std::string const& text, std::string const& detail, std::optional<int> position);
+Failure FilterRefused(std::string const& source, std::string const& detail);
 
 // --- Expressions ------------------------------------------------------------------------------
 Failure BadExpression(std::string const& text, std::string const& detail, std::optional<int> position);

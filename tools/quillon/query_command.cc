@@ -11,6 +11,7 @@
 #include "tools/quillon/coordinate_system_name.h"
 #include "tools/quillon/messages.h"
 #include "tools/quillon/open_source.h"
+#include "tools/quillon/query_plan.h"
 #include "tools/quillon/row_writer.h"
 #include "tools/quillon/selection.h"
 #include "tools/quillon/utf8.h"
@@ -33,6 +34,7 @@ char const kQueryDetails[] =
     "  quillon query world.gpkg --where \"continent = 'Africa' and pop > 5e7\" --select name_long,pop\n"
     "  quillon query world.gpkg --bbox -10,35,5,45 -f geojson > iberia.geojson\n"
     "  quillon query world.gpkg --id 12 --json\n"
+    "  quillon query world.gpkg --where \"mod(pop, 2) = 1\" --explain\n"
     "  quillon query parcels.sqlite --order-by area --descending --limit 10\n"
     "  quillon query \"File=parcels.sqlite;UseFdoMetadata=TRUE\" --provider OSGeo.SQLite";
 
@@ -46,6 +48,7 @@ struct QueryOptions {
   std::optional<std::int64_t> limit;
   std::string format = "table";
   bool json = false;
+  bool explain = false;
 };
 
 RowFormat const& FindFormat(std::string const& name) {
@@ -117,6 +120,10 @@ ExitCode Query(QueryOptions const& options, Session& session) {
   Table& table = FindTable(source, options.selection.table);
   BoundSelection const bound = Bind(options.selection, *table.Def());
   if (!bound.orderBy.empty() && !OrdersRows(source)) throw CannotOrder(source.name);
+  if (options.explain) {
+    WriteQueryPlan(source, table, bound, options.json, session.output);
+    return ExitCode::kDone;
+  }
   RowFormat const& format = FindFormat(options.json ? "json" : options.format);
   NoteOtherSystem(format, bound, *table.Def(), session.console);
 
@@ -160,6 +167,10 @@ Action DefineQuery(CLI::App& app) {
   app.add_option("--limit", options->limit, "At most that many rows")
       ->check(CLI::NonNegativeNumber)
       ->type_name("N");
+  app.add_flag(
+         "--explain", options->explain,
+         "Print who finds the rows that meet the filter instead, and the program where it is computed here")
+      ->excludes(id);
   CLI::Option* const format =
       app.add_option("-f,--format", options->format, "How to print the rows (default: table)")
           ->check(CLI::IsMember(FormatNames()))
