@@ -25,13 +25,8 @@ class QUILLON_LOCAL ExprEval::Condition {
   // order, as the program itself does.
   bool Holds(Row const& row);
 
-  enum class Outcome { kHolds, kFails, kUnexpected };
-  // The same for programs that are a chain of plain tests, kept apart from everything that is rare and free
-  // of calls. kUnexpected where a column holds something else than a text or a number as its literal is, or
-  // is not fetched: nothing has been done then. Requires: FirstColumn() >= 0; cells are those of the row.
-  Outcome FollowLinks(Value const* cells) const;
-  // The column that such a program fetches first; -1 for other programs.
-  int FirstColumn() const { return links_.empty() ? -1 : columns_[0]; }
+  // As ExprEval::Eval. Requires: row is not null.
+  bool Eval(Row const* row, Value* result) { return eval_(*this, row, result); }
 
  private:
   // A number as values have them; two of them are less, equal and calculated with as Value does it.
@@ -113,18 +108,51 @@ class QUILLON_LOCAL ExprEval::Condition {
     Code code;
     bool goesOnIf;    // the outcome of the test that does not decide
     bool nullGoesOn;  // whether null does not decide
-    int column = 0;
+    // Bits: whether it does not decide that the column is neither less nor greater than the literal, less, or
+    // greater.
+    unsigned char goesOnWhere;
+    std::size_t column;
     long long integer;  // the literal
     double real;
-    double factor;        // of a product
+    double factor;        // of a product, else 1
     wchar_t const* text;  // lent by the program
   };
   void MakeLinks();
 
+  enum class Outcome { kHolds, kFails, kUnexpected };
+  // What Holds says, for programs that are links, kept apart from everything that is rare and free of calls.
+  // kUnexpected where a column holds something else than a null, or a text or a number as its literal is, or
+  // is not fetched: nothing has been done then. Requires: there are links; cells are those of the row.
+  Outcome FollowLinks(Value const* cells) const;
+
+  // The ways to evaluate a row, of which eval_ is the quickest that the program allows. Each hands on what is
+  // not for it to the one before: static functions, so that they hand on by a jump.
+  using EvalWay = bool(Condition& self, Row const* row, Value* result);
+  static bool EvalSteps(Condition& self, Row const* row, Value* result);
+  static bool EvalLinks(Condition& self, Row const* row, Value* result);
+  // The links one by one, without a loop, for cells of the expected types: there is one such function for
+  // each sequence of shapes, and the compiler writes it out.
+  enum class Shape : unsigned char { kInteger, kReal, kText, kOther };
+  template <Shape... kShapes>
+  static bool EvalShaped(Condition& self, Row const* row, Value* result);
+  // Whether the link does not decide. Sets a bit of odd where the cell is not of the expected type; the
+  // outcome means nothing then.
+  template <Shape kShape>
+  static bool GoesOn(Link const& link, Value const* cells, unsigned& odd);
+  static Shape ShapeOf(Link const& link);
+  template <Shape... kShapes>
+  EvalWay* FindShaped() const;
+  EvalWay* FindEval() const;
+  // As ExprEval::Eval gives what holds.
+  static bool Give(Value* result, bool holds);
+  static bool Put(Value* result, bool holds);
+
   std::vector<Step> steps_;
   int first_ = 0;
-  bool isChain_ = false;             // the steps are one, in their order
-  std::vector<Link> links_;          // the same chain, where it is one of such tests only
+  bool isChain_ = false;     // the steps are one, in their order
+  std::vector<Link> links_;  // the same chain, where it is one of such tests only
+  bool holdsAtEnd_ = false;  // what the last link comes to when it does not decide
+  EvalWay* eval_ = EvalSteps;
   std::vector<int> columns_;         // those that the program uses, in its order
   std::vector<Value const*> cells_;  // of the row at hand, one for each of columns_
 };

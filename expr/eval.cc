@@ -6,10 +6,12 @@
 #include "expr/condition.h"
 #include "expr/machine.h"
 #include "expr/same_text.h"
+#include "port/inlining.h"
 
 namespace fdo {
 
 ExprEval::Condition::Outcome ExprEval::Condition::FollowLinks(Value const* cells) const {
+  constexpr int kNoType = -1;
   bool undecided = true;
   for (Link const& link : links_) {
     Value const& cell = cells[link.column];
@@ -55,7 +57,7 @@ ExprEval::Condition::Outcome ExprEval::Condition::FollowLinks(Value const* cells
       default:
         expected = type;
         if ((type & Value::kKindMask) != Value::kString || cell.payload_.text == nullptr) {
-          expected = Value::kUndef;
+          expected = kNoType;
         } else if (!undecided) {
           continue;
         } else if (link.code == Code::kTextEqual) {
@@ -74,25 +76,111 @@ ExprEval::Condition::Outcome ExprEval::Condition::FollowLinks(Value const* cells
       undecided &= holds == link.goesOnIf;
     }
   }
-  bool const holdsAtEnd = steps_.back().goesOn == kHolds;
-  return undecided == holdsAtEnd ? Outcome::kHolds : Outcome::kFails;
+  return undecided == holdsAtEnd_ ? Outcome::kHolds : Outcome::kFails;
+}
+
+// Out of line as all that is rare, so that the ways for most rows keep nothing on the machine's stack for it.
+QUILLON_NEVER_INLINE bool ExprEval::Condition::Put(Value* result, bool holds) {
+  result->Reset(holds);
+  return true;
+}
+
+inline bool ExprEval::Condition::Give(Value* result, bool holds) {
+  return result == nullptr ? holds : Put(result, holds);
+}
+
+QUILLON_NEVER_INLINE bool ExprEval::Condition::EvalSteps(Condition& self, Row const* row, Value* result) {
+  return Give(result, self.Holds(*row));
+}
+
+QUILLON_NEVER_INLINE bool ExprEval::Condition::EvalLinks(Condition& self, Row const* row, Value* result) {
+  Outcome const outcome = self.FollowLinks(row->values_);
+  if (outcome == Outcome::kUnexpected) return EvalSteps(self, row, result);
+  return Give(result, outcome == Outcome::kHolds);
+}
+
+template <ExprEval::Condition::Shape kShape>
+QUILLON_ALWAYS_INLINE bool ExprEval::Condition::GoesOn(Link const& link, Value const* cells, unsigned& odd) {
+  Value const& cell = cells[link.column];
+  auto const type = static_cast<unsigned>(cell.Type());
+  bool less = false;
+  bool greater = false;
+  if constexpr (kShape == Shape::kInteger) {
+    odd |= type ^ Value::kInt;
+    long long integer;
+    std::memcpy(&integer, &cell.payload_, sizeof(integer));
+    less = integer < link.integer;
+    greater = integer > link.integer;
+  } else if constexpr (kShape == Shape::kReal) {
+    odd |= type ^ Value::kDouble;
+    double real;
+    std::memcpy(&real, &cell.payload_, sizeof(real));
+    double const calculated = real * link.factor;
+    less = calculated < link.real;
+    greater = calculated > link.real;
+  } else {
+    bool const isText = (type & Value::kKindMask) == Value::kString && cell.payload_.text != nullptr;
+    if (!isText) {
+      odd = 1;
+      return false;
+    }
+    return internal::IsSameAsLiteral(cell.payload_.text, link.text) == link.goesOnIf;
+  }
+  return (link.goesOnWhere >> (static_cast<int>(less) + 2 * static_cast<int>(greater))) & 1;
+}
+
+// All are tested, because which one decides is not foreseen by a processor.
+template <ExprEval::Condition::Shape... kShapes>
+bool ExprEval::Condition::EvalShaped(Condition& self, Row const* row, Value* result) {
+  Link const* const links = self.links_.data();
+  Value const* const cells = row->values_;
+  unsigned odd = 0;
+  bool undecided = true;
+  // Texts first: what is known of numbers would have to be kept while texts are compared.
+  Link const* text = links;
+  ((undecided &= kShapes != Shape::kText || GoesOn<kShapes>(*text, cells, odd), ++text), ...);
+  Link const* number = links;
+  ((undecided &= kShapes == Shape::kText || GoesOn<kShapes>(*number, cells, odd), ++number), ...);
+  if (odd != 0) return EvalLinks(self, row, result);
+  return Give(result, undecided == self.holdsAtEnd_);
+}
+
+ExprEval::Condition::Shape ExprEval::Condition::ShapeOf(Link const& link) {
+  if (link.code <= Code::kIntegerEqual) return Shape::kInteger;
+  if (link.code <= Code::kProductEqual) return Shape::kReal;
+  return link.code == Code::kTextEqual ? Shape::kText : Shape::kOther;
+}
+
+// The function for links that begin with the shapes.
+template <ExprEval::Condition::Shape... kShapes>
+ExprEval::Condition::EvalWay* ExprEval::Condition::FindShaped() const {
+  constexpr std::size_t kMostLinks = 3;  // each more makes three times as many functions
+  if constexpr (sizeof...(kShapes) > 0) {
+    if (links_.size() == sizeof...(kShapes)) return EvalShaped<kShapes...>;
+  }
+  if constexpr (sizeof...(kShapes) < kMostLinks) {
+    switch (ShapeOf(links_[sizeof...(kShapes)])) {
+      case Shape::kInteger:
+        return FindShaped<kShapes..., Shape::kInteger>();
+      case Shape::kReal:
+        return FindShaped<kShapes..., Shape::kReal>();
+      case Shape::kText:
+        return FindShaped<kShapes..., Shape::kText>();
+      case Shape::kOther:
+        break;
+    }
+  }
+  return EvalLinks;
+}
+
+ExprEval::Condition::EvalWay* ExprEval::Condition::FindEval() const {
+  return links_.empty() ? EvalSteps : FindShaped<>();
 }
 
 bool ExprEval::Eval(Row const* row, Value* result) {
   Condition* const condition = machine_->AsCondition();
   if (condition == nullptr || row == nullptr) return machine_->EvalStepwise(row, result);
-  Condition::Outcome outcome = Condition::Outcome::kUnexpected;
-  if (int const first = condition->FirstColumn(); first >= 0) {
-    // Only the column that the program fetches first is fetched here; cells stand one behind the other.
-    outcome = condition->FollowLinks(&(*row)[first] - first);
-  }
-  if (outcome == Condition::Outcome::kUnexpected) {
-    outcome = condition->Holds(*row) ? Condition::Outcome::kHolds : Condition::Outcome::kFails;
-  }
-  bool const holds = outcome == Condition::Outcome::kHolds;
-  if (result == nullptr) return holds;
-  result->Reset(holds);
-  return true;
+  return condition->Eval(row, result);
 }
 
 }  // namespace fdo

@@ -331,6 +331,28 @@ TEST(ExprEval, CellsAreFetchedInTheOrderOfTheProgramWhetherTheyDecideOrNot) {
   EXPECT_FALSE(eval.Eval(row, nullptr));
 }
 
+TEST(ExprEval, TextsAreFetchedBeforeTheyAreTested) {
+  TableDef const def = MakeTableDef(L"s", L"t", L"id:Int64 a:Int32 kind:String");
+  MemoryTable table(&def);
+  table.records = {{Value(1), Value(5), Value(L"road")}};
+  constexpr struct {
+    wchar_t const* filter;
+    bool holds;
+  } kRows[] = {{L"kind <> 'road' AND a = 5", false},
+               {L"a = 5 AND kind <> 'road'", false},
+               {L"kind = 'road' AND a = 5", true},
+               {L"a = 5 AND kind = 'road'", true},
+               {L"kind < 'road' OR a = 4", false},
+               {L"kind > 'roa' AND a = 5", true},
+               {L"kind = 'road'", true},
+               {L"kind <> 'road'", false}};
+  for (auto const& [filter, holds] : kRows) {
+    ExprEval eval(ParsedFilter(filter), &def, nullptr);
+    table.Query();
+    EXPECT_EQ(eval.Eval(table.Next(), nullptr), holds) << ToUtf8(filter);
+  }
+}
+
 // --- Geometry ----------------------------------------------------------------------------------
 
 TEST(ExprEvalSpatial, ConditionsHoldOrNot) {

@@ -2,7 +2,11 @@
 // its instructions one by one. QUILLON_RANDOM_TREES says how many trees; the plain suite takes some.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "expr/evaluated_text.h"
 #include "expr/expr_eval_test_peer.h"
@@ -58,7 +62,7 @@ void ForRandomTrees(Mode const& mode, std::uint64_t seed, Check check) {
 }
 
 std::string Shown(ExprEval const& eval, Row const& row) {
-  std::string shown = ToUtf8(eval.Listing(&RandomTrees::Def()).c_str());
+  std::string shown = ToUtf8(eval.Listing(row.Def()).c_str());
   for (int i = 0; i < row.Def()->ColumnCount(); ++i) {
     shown += ToUtf8((*row.Def())[i].Name()) + " = " + TextOf(row[i]) + "\n";
   }
@@ -107,6 +111,106 @@ TEST(FusedConditions, AgreeWithTheInstructionsOneByOne) {
     });
     EXPECT_GT(fused, 0);
   }
+}
+
+// Up to four tests of a column against a literal, over cells of every kind.
+class RandomChains {
+ public:
+  explicit RandomChains(std::uint64_t seed) : random_(seed) {
+    ColumnDef columns[3];
+    columns[0].Initialize(L"i", ColumnDef::kInt64, 0, Value(), nullptr);
+    columns[1].Initialize(L"d", ColumnDef::kDouble, 0, Value(), nullptr);
+    columns[2].Initialize(L"s", ColumnDef::kString, 0, Value(), nullptr);
+    def_.Initialize(L"rows", L"", columns, 3, 0, -1, 0);
+  }
+
+  TableDef const& Def() const { return def_; }
+
+  std::wstring Filter() {
+    static constexpr wchar_t const* kColumns[] = {L"i", L"d", L"d * 2.0", L"2.5 * d", L"s", L"i", L"d", L"s"};
+    static constexpr wchar_t const* kOps[] = {L" < ", L" <= ", L" > ", L" >= ", L" = ", L" <> "};
+    static constexpr wchar_t const* kNumbers[] = {L"3", L"0", L"-1"};
+    static constexpr wchar_t const* kReals[] = {L"2.5", L"0.0", L"5.0"};
+    static constexpr wchar_t const* kTexts[] = {L"'road'", L"''", L"'r'", L"'ro'", L"'roa'"};
+    wchar_t const* const joint = Below(2) == 0 ? L" AND " : L" OR ";
+    std::wstring text;
+    for (std::size_t i = Below(4) + 1; i > 0; --i) {
+      std::wstring const column = kColumns[Below(std::size(kColumns))];
+      if (Below(6) == 0) text += L"NOT ";
+      text += column + kOps[Below(std::size(kOps))];
+      text += column == L"s"   ? kTexts[Below(std::size(kTexts))]
+              : column == L"i" ? kNumbers[Below(std::size(kNumbers))]
+                               : kReals[Below(std::size(kReals))];
+      if (i > 1) text += joint;
+    }
+    return text;
+  }
+
+  // Mostly of the column's own kind. Texts are borrowed now and then.
+  void Fill(Row& row) {
+    for (int column = 0; column < 3; ++column) {
+      FillCell(row[column], Below(5) == 0 ? static_cast<int>(Below(6)) : column);
+    }
+  }
+
+ private:
+  void FillCell(Value& cell, int kind) {
+    static constexpr double kReals[] = {2.5, 2.0, -0.0, 0.0, 1e300, -INFINITY, INFINITY, NAN, 3.0};
+    static constexpr wchar_t const* kTexts[] = {L"", L"r", L"ro", L"road", L"roads", L"rob", L"s", L"roa"};
+    switch (kind) {
+      case 0:
+        cell.Reset(static_cast<long long>(Below(6)) - 1);
+        break;
+      case 1:
+        cell.Reset(kReals[Below(std::size(kReals))]);
+        break;
+      case 2:
+        cell.Reset(kTexts[Below(std::size(kTexts))], /*copy=*/Below(2) == 0);
+        break;
+      case 3:
+        cell.Reset(Below(2) == 0);
+        break;
+      case 4:
+        cell.Invalidate();
+        break;
+      default:
+        cell.Reset();
+        break;
+    }
+  }
+
+  std::size_t Below(std::size_t end) { return random_() % end; }
+
+  std::mt19937_64 random_;
+  TableDef def_;
+};
+
+TEST(FusedConditions, ChainsOfTestsAgreeOverCellsOfEveryKind) {
+  constexpr std::uint64_t kSeed = 20261123;
+  RandomChains chains(kSeed);
+  std::vector<Row> rows(16, Row(&chains.Def()));
+  int holding = 0;
+  int failing = 0;
+  for (int i = 0; i < 4000; ++i) {
+    std::wstring const text = chains.Filter();
+    FdoPtr<FdoFilter> const filter = FdoFilter::Parse(text.c_str());
+    ExprEval eval(filter, &chains.Def(), nullptr);
+    ASSERT_TRUE(ExprEvalTestPeer::IsFused(eval));
+    for (Row& row : rows) {
+      chains.Fill(row);
+      Value stepwise;
+      Value steps;
+      ASSERT_TRUE(ExprEvalTestPeer::EvalStepwise(eval, &row, &stepwise));
+      ASSERT_TRUE(eval.Eval(&row, &steps));
+      ASSERT_EQ(stepwise.Type(), steps.Type());
+      ASSERT_EQ(stepwise.AsBool(), steps.AsBool()) << "seed " << kSeed << ": " << ToUtf8(text.c_str()) << "\n"
+                                                   << Shown(eval, row);
+      ASSERT_EQ(eval.Eval(&row, nullptr), steps.AsBool());
+      ++(steps.AsBool() ? holding : failing);
+    }
+  }
+  EXPECT_GT(holding, 10000);
+  EXPECT_GT(failing, 10000);
 }
 
 }  // namespace

@@ -65,6 +65,8 @@ class QUILLON_EXPORT Row {
   void CopyFrom(Row const& other);
 
  private:
+  friend class ExprEval;
+
   // Fetching changes a cell only from unknown to known, so it is allowed through a const row.
   Value& Cell(int column) const {
     Value& cell = values_[column];

@@ -36,7 +36,7 @@ PolygonIndex::PolygonIndex(FdoByte const* polygon, std::size_t size) {
   bool isFinite = true;
   for (Edge const& edge : edges) {
     box.Expand(edge.to.x, edge.to.y);
-    isFinite &= std::isfinite(edge.to.x) & std::isfinite(edge.to.y);
+    isFinite = isFinite && std::isfinite(edge.to.x) && std::isfinite(edge.to.y);
   }
   if (!isFinite) {
     // There is no strip for what is no number, and such an edge may be level with any point.
