@@ -11,8 +11,9 @@
 namespace fdo_sqlite {
 namespace {
 
-// Reads the head of the file, and the schema. SQLite's own 2 MiB of pages are too few for look-ups here and
-// there in a store, and a batch of inserts should fit: otherwise it is written twice.
+// Begins a transaction and reads the head of the file, and the schema. Units: the size is in KiB, negated.
+// SQLite's own 2 MiB of pages are few for look-ups here and there in a store, and a batch of inserts that
+// outgrows them goes to the file before its end.
 constexpr char kFirstStatements[] = "PRAGMA cache_size=-16384; BEGIN; SELECT count(*) FROM sqlite_schema";
 
 // How many prepared statements are kept for their next use.
