@@ -1,0 +1,313 @@
+// SQLite's provider and the evaluator of expressions select the same rows, over a family of random filters;
+// QUILLON_AGREEMENT_FILTERS sets how many. Where they differ, and why, is asserted one by one.
+#include <Fdo.h>
+#include <fdo/database_fdo.h>
+#include <fdo/expr_eval.h>
+#include <fdo/text_conversion.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <deque>
+#include <random>
+#include <set>
+#include <string>
+
+#include "testing/captured_diagnostics.h"
+#include "testing/caught_message.h"
+#include "testing/fgf_builder.h"
+#include "testing/schema_builder.h"
+#include "testing/scratch_directory.h"
+
+namespace fdo {
+namespace {
+
+using Ids = std::set<long long>;
+
+constexpr ExprOptions kAsInSql{/*allConditions=*/true, /*nullIsUnknown=*/true};
+constexpr int kRows = 120;
+
+// What both sides look at: typed operands, so that nothing is compared with what is of another kind.
+class FilterFamily {
+ public:
+  explicit FilterFamily(std::uint64_t seed) : random_(seed) {}
+
+  std::wstring Filter(int levels) {
+    if (levels == 0 || Below(5) == 0) return Condition();
+    switch (Below(3)) {
+      case 0:
+        return L"NOT (" + Filter(levels - 1) + L")";
+      case 1:
+        return L"(" + Filter(levels - 1) + L") AND (" + Filter(levels - 1) + L")";
+      default:
+        return L"(" + Filter(levels - 1) + L") OR (" + Filter(levels - 1) + L")";
+    }
+  }
+
+ private:
+  std::wstring Condition() {
+    constexpr wchar_t const* kComparisons[] = {L" = ", L" <> ", L" < ", L" <= ", L" > ", L" >= "};
+    constexpr wchar_t const* kColumns[] = {L"i", L"big", L"d", L"t", L"f", L"w", L"shape"};
+    constexpr wchar_t const* kPatterns[] = {L"'a%'", L"'%c'", L"'_'", L"'[a-c]%'", L"'[^a]%'", L"''", L"'%'"};
+    constexpr wchar_t const* kMoments[] = {L"TIMESTAMP '2024-03-01 14:30:05'",
+                                           L"TIMESTAMP '1999-12-31 00:00:00'", L"w"};
+    constexpr wchar_t const* kSpatial[] = {L"INTERSECTS", L"WITHIN", L"DISJOINT",          L"EQUALS",
+                                           L"TOUCHES",    L"INSIDE", L"ENVELOPEINTERSECTS"};
+    constexpr wchar_t const* kDistances[] = {L"WITHINDISTANCE", L"BEYOND"};
+    constexpr wchar_t const* kShapes[] = {L"'POINT (2 2)'", L"'POLYGON ((0 0, 4 0, 4 4, 0 4, 0 0))'",
+                                          L"'LINESTRING (0 5, 9 5)'"};
+    switch (Below(10)) {
+      case 0:
+        return std::wstring(Any(kColumns)) + L" NULL";
+      case 1:
+        return L"i IN (" + Integer() + L", " + Integer() + L")";
+      case 2:
+        return L"t IN (" + TextLiteral() + L", 'abc')";
+      case 3:
+        return Text(1) + L" LIKE " + Any(kPatterns);
+      case 4:
+        return std::wstring(L"shape ") + Any(kSpatial) + L" GeomFromText(" + Any(kShapes) + L")";
+      case 5:
+        return std::wstring(L"shape ") + Any(kDistances) + L" GeomFromText(" + Any(kShapes) + L") " +
+               std::to_wstring(Below(4)) + L".5";
+      case 6:
+        return Text(1) + Any(kComparisons) + Text(1);
+      case 7:
+        return std::wstring(L"w") + Any(kComparisons) + Any(kMoments);
+      case 8:
+        return std::wstring(L"f = ") + (Below(2) == 0 ? L"TRUE" : L"FALSE");
+      default:
+        return Number(2) + Any(kComparisons) + Number(2);
+    }
+  }
+
+  std::wstring Integer() {
+    constexpr wchar_t const* kIntegers[] = {L"0", L"1", L"-1", L"3", L"100", L"NULL"};
+    return Any(kIntegers);
+  }
+
+  std::wstring Number(int levels) {
+    constexpr wchar_t const* kColumns[] = {L"i", L"big", L"d", L"id"};
+    constexpr wchar_t const* kIntegerColumns[] = {L"i", L"big", L"id"};
+    constexpr wchar_t const* kSigns[] = {L" + ", L" - "};
+    constexpr wchar_t const* kFunctions[] = {L"Abs", L"Floor", L"Ceil", L"Round", L"Sign", L"ToDouble"};
+    if (levels == 0 || Below(3) == 0) {
+      if (Below(3) > 0) return Any(kColumns);
+      return Below(4) == 0 ? L"2.5" : Integer();
+    }
+    switch (Below(5)) {
+      case 2:
+        return std::wstring(Any(kFunctions)) + L"(" + Number(levels - 1) + L")";
+      case 0:
+        return L"Mod(i, " + Integer() + L")";
+      case 1:
+        return std::wstring(L"(") + Any(kIntegerColumns) + L" / " +
+               (Below(2) == 0 ? Integer() : std::wstring(Any(kIntegerColumns))) + L")";
+      case 3:
+        // Products that 64 bits hold.
+        return L"(" + Number(levels - 1) + L" * " + (Below(2) == 0 ? L"i" : Integer()) + L")";
+      default:
+        return L"(" + Number(levels - 1) + Any(kSigns) + Number(levels - 1) + L")";
+    }
+  }
+
+  std::wstring TextLiteral() {
+    constexpr wchar_t const* kTexts[] = {L"''", L"'a'", L"'A'", L"'abc'", L"'b'", L"NULL"};
+    return Any(kTexts);
+  }
+
+  std::wstring Text(int levels) {
+    if (levels == 0 || Below(3) > 0) return Below(2) == 0 ? L"t" : TextLiteral();
+    return L"Concat(" + Text(levels - 1) + L", 'c')";
+  }
+
+  int Below(int limit) { return static_cast<int>(random_() % static_cast<std::uint64_t>(limit)); }
+  template <std::size_t count>
+  wchar_t const* Any(wchar_t const* const (&choices)[count]) {
+    return choices[Below(static_cast<int>(count))];
+  }
+
+  std::mt19937_64 random_;
+};
+
+class FilterAgreement : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { store_ = new Store(); }
+  static void TearDownTestSuite() {
+    delete store_;
+    store_ = nullptr;
+  }
+
+  // A store, and its rows read into memory.
+  struct Store {
+    Store() {
+      CapturedDiagnostics const ignored;  // that no registry names the provider
+      std::wstring const path = scratch.File("agreement.sqlite");
+      EXPECT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
+      EXPECT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, /*readOnly=*/false, /*loadSchema=*/true));
+      DatabaseDef def;
+      SetTables(def, L"Default",
+                {MakeTableDef(L"Default", L"rows",
+                              L"id:Int64 i:Int32 big:Int64 d:Double t:String f:Boolean w:DateTime "
+                              L"shape:Geometry")});
+      EXPECT_TRUE(database.SetSchema(def));
+      Fill();
+      database[0].Query();
+      while (Row const* row = database[0].Next()) {
+        for (int i = 0; i < row->Def()->ColumnCount(); ++i) EXPECT_TRUE((*row)[i].IsValid());
+        rows.emplace_back(*row);
+      }
+      EXPECT_EQ(rows.size(), std::size_t{kRows});
+    }
+
+    void Fill() {
+      constexpr long long kIntegers[] = {0, 1, -1, 3, -7, 100};
+      constexpr long long kBig[] = {0, 5, -5, 2147483648, 9007199254740};
+      constexpr double kDoubles[] = {0, 0.5, -2.5, 2.5, 100, 1e18};
+      constexpr wchar_t const* kTexts[] = {L"", L"a", L"A", L"abc", L"bc", L"x%y"};
+      constexpr wchar_t const* kMoments[] = {L"2024-03-01T14:30:05", L"1999-12-31T00:00:00",
+                                             L"2024-03-01T14:30:06"};
+      constexpr char const* kShapes[] = {"POINT (2 2)", "POINT (4 1)", "POINT (9 9)",
+                                         "LINESTRING (0 0, 9 9)"};
+      std::mt19937 random(20240301);
+      auto const any = [&](auto const& choices) { return choices[random() % std::size(choices)]; };
+      Table& table = database[0];
+      table.BeginWrite();
+      for (int number = 0; number < kRows; ++number) {
+        Row row(table.Def());
+        auto const isNull = [&] { return random() % 6 == 0; };
+        for (int i = 0; i < row.Def()->ColumnCount(); ++i) row[i].Reset();
+        if (!isNull()) row[L"i"].Reset(any(kIntegers));
+        if (!isNull()) row[L"big"].Reset(any(kBig));
+        if (!isNull()) row[L"d"].Reset(any(kDoubles));
+        if (!isNull()) row[L"t"].Reset(any(kTexts), /*copy=*/true);
+        if (!isNull()) row[L"f"].Reset(random() % 2 == 0);
+        if (!isNull()) row[L"w"].Reset(any(kMoments), /*copy=*/true);
+        if (!isNull()) {
+          auto const fgf = Fgf(any(kShapes));
+          row[L"shape"].Reset(fgf.data(), static_cast<int>(fgf.size()), /*copy=*/true);
+        }
+        EXPECT_TRUE(table.Insert(row, nullptr, /*storeMakesId=*/true));
+      }
+      table.CommitWrite();
+    }
+
+    ScratchDirectory scratch;
+    DatabaseFdo database;
+    std::deque<Row> rows;
+  };
+
+  static Ids BySqlite(FdoFilter* filter) {
+    Ids found;
+    Table& table = store_->database[0];
+    table.Query(filter, nullptr, true);
+    while (Row const* row = table.Next()) found.insert(row->ID());
+    return found;
+  }
+
+  static Ids ByEvaluator(FdoFilter* filter, ExprOptions const& options) {
+    Ids found;
+    ExprEval eval(filter, store_->database[0].Def(), nullptr, options);
+    EXPECT_TRUE(eval.IsComplete());
+    for (Row const& row : store_->rows) {
+      if (eval.Eval(&row, nullptr)) found.insert(row.ID());
+    }
+    return found;
+  }
+
+  static FdoPtr<FdoFilter> Parsed(wchar_t const* text) { return FdoPtr<FdoFilter>(FdoFilter::Parse(text)); }
+  static Ids BySqlite(wchar_t const* text) { return BySqlite(Parsed(text).p); }
+  static Ids ByEvaluator(wchar_t const* text, ExprOptions const& options = kAsInSql) {
+    return ByEvaluator(Parsed(text).p, options);
+  }
+
+  static inline Store* store_ = nullptr;
+};
+
+TEST_F(FilterAgreement, EveryFilterOfTheFamily) {
+  char const* const asked = std::getenv("QUILLON_AGREEMENT_FILTERS");
+  std::uint64_t const count = asked == nullptr ? 5000 : std::strtoull(asked, nullptr, 10);
+  std::uint64_t some = 0;
+  int failures = 0;
+  for (std::uint64_t seed = 0; seed < count && failures < 8; ++seed) {
+    std::wstring const text = FilterFamily(seed).Filter(static_cast<int>(seed % 4));
+    FdoPtr<FdoFilter> const filter = Parsed(text.c_str());
+    Ids const bySqlite = BySqlite(filter.p);
+    Ids const byEvaluator = ByEvaluator(filter.p, kAsInSql);
+    EXPECT_EQ(bySqlite, byEvaluator) << "seed " << seed << ": " << ToUtf8(text.c_str());
+    if (bySqlite != byEvaluator) ++failures;
+    some += !byEvaluator.empty() && byEvaluator.size() < std::size_t{kRows} ? 1 : 0;
+  }
+  // A family that selects everything or nothing would show little.
+  EXPECT_GT(some, count / 2);
+}
+
+// A part that decides does not spare the others, so that without options they can be refused.
+TEST_F(FilterAgreement, NothingIsSparedWithoutOptions) {
+  EXPECT_EQ(BySqlite(L"id < 0 AND t LIKE 'a%'"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"id < 0 AND t LIKE 'a%'"), Ids{});
+  EXPECT_THROW(ByEvaluator(L"id < 0 AND t LIKE 'a%'", {}), std::exception);
+}
+
+// Null is less than everything and equal to null without options.
+TEST_F(FilterAgreement, NullHasAnOrderWithoutOptions) {
+  Ids const nulls = BySqlite(L"i NULL");
+  ASSERT_GT(nulls.size(), 5u);
+  EXPECT_EQ(BySqlite(L"i < -1000"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"i < -1000"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"i < -1000", {}), nulls);
+  EXPECT_EQ(BySqlite(L"i = NULL"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"i = NULL"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"i = NULL", {}), nulls);
+  EXPECT_EQ(BySqlite(L"NOT i >= -1000"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"NOT i >= -1000", {}), nulls);
+}
+
+// The evaluator compares a number with a text as texts, the provider as numbers where the text is one.
+TEST_F(FilterAgreement, NumbersOrderAsTextAgainstText) {
+  Ids const asNumbers = BySqlite(L"i < '9'");
+  EXPECT_EQ(asNumbers, BySqlite(L"i < 9"));
+  Ids expected = asNumbers;
+  Ids const hundreds = BySqlite(L"i = 100");
+  ASSERT_FALSE(hundreds.empty());
+  expected.insert(hundreds.begin(), hundreds.end());
+  EXPECT_EQ(ByEvaluator(L"i < '9'"), expected);
+}
+
+// For the evaluator no double is a condition that holds; the provider does not take one.
+TEST_F(FilterAgreement, ADoubleIsNeverTrue) {
+  ASSERT_GT(BySqlite(L"d <> 0").size(), 5u);
+  EXPECT_EQ(ByEvaluator(L"If(d, 1, 2) = 1"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"If(d, 1, 2) = 2").size(), std::size_t{kRows});
+  CapturedDiagnostics diagnostics;
+  EXPECT_EQ(BySqlite(L"If(d, 1, 2) = 2"), Ids{});
+  EXPECT_EQ(diagnostics.Lines().size(), 1u);
+}
+
+// Integers beyond 64 bits go round for the evaluator, and become doubles for SQLite.
+TEST_F(FilterAgreement, IntegersGoRound) {
+  EXPECT_EQ(BySqlite(L"9223372036854775807 + id > 0").size(), std::size_t{kRows});
+  EXPECT_EQ(ByEvaluator(L"9223372036854775807 + id > 0"), Ids{});
+}
+
+// A double divided by zero is infinite for the evaluator, and null for SQLite.
+TEST_F(FilterAgreement, ADoubleDividedByZeroIsInfinite) {
+  EXPECT_EQ(BySqlite(L"2.5 / (id - id) > 0"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"2.5 / (id - id) > 0").size(), std::size_t{kRows});
+  EXPECT_EQ(ByEvaluator(L"i / (id - id) > 0"), Ids{});
+}
+
+// Nothing is in an empty list: for SQLite that holds of null, too, for the evaluator it is unknown.
+TEST_F(FilterAgreement, NotInAnEmptyList) {
+  FdoPtr<FdoIdentifier> const column = FdoIdentifier::Create(L"i");
+  FdoPtr<FdoValueExpressionCollection> const nothing = FdoValueExpressionCollection::Create();
+  FdoPtr<FdoFilter> const in = FdoInCondition::Create(column, nothing);
+  FdoPtr<FdoFilter> const notIn = FdoUnaryLogicalOperator::Create(in, FdoUnaryLogicalOperations_Not);
+  EXPECT_EQ(BySqlite(in.p), Ids{});
+  EXPECT_EQ(ByEvaluator(in.p, kAsInSql), Ids{});
+  EXPECT_EQ(BySqlite(notIn.p).size(), std::size_t{kRows});
+  EXPECT_EQ(ByEvaluator(notIn.p, kAsInSql), BySqlite(L"NOT i NULL"));
+}
+
+}  // namespace
+}  // namespace fdo
