@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "bench/job_table.h"
+#include "bench/provider_rows.h"
 #include "bench/raw_sqlite.h"
 #include "bench/sqlite_store.h"
-#include "bench/table_scan.h"
 #include "bench/vector_files.h"
 
 namespace fdo::bench {
@@ -69,14 +69,15 @@ std::filesystem::path RtreeFile(Workbench const& bench, std::string_view data) {
 
 Sides BoxJob(Workbench const& bench, std::string_view data, double part, int count) {
   auto const boxes = std::make_shared<std::vector<Box> const>(RandomBoxes(bench.seed, part, count));
-  auto const ours = std::make_shared<SqliteStore>(SqliteFile(bench, data));
+  FdoPtr<FdoIConnection> connection = OpenProvider(SqliteFile(bench, data));
+  FdoPtr<FdoISelect> select = SelectOf(connection, AllProperties());
   auto const raw = std::make_shared<RawSqlite>(RtreeFile(bench, data));
-  return {[=] {
+  return {[=]() mutable {
             Work work;
             for (Box const& box : *boxes) {
               FdoPtr<FdoFilter> const filter = FilterOf(box);
-              ours->Rows().Query(filter, nullptr, true);
-              Work const found = ScanRest(ours->Rows());
+              select->SetFilter(filter);
+              Work const found = ReadAll(select.p, OfFeature);
               work.amount += found.amount;
               work.checksum += found.checksum;
             }
@@ -104,12 +105,17 @@ Sides SqliteInsertIndexedJob(Workbench const& bench, std::string_view data) {
   std::filesystem::create_directories(bench.dataDirectory);
   return {
       [=] {
-        // The end of the store makes the index.
-        SqliteStore::Create(file).Insert(*rows, shape);
+        SqliteStore::Create(file);
+        Work const work = Translated([&] {
+          FdoPtr<FdoIConnection> connection = OpenProvider(file);
+          InsertRows(connection, *rows, shape, SqliteStore::kBatch);
+          connection->Close();  // makes the index
+          return Work{static_cast<double>(count), static_cast<std::uint64_t>(count)};
+        });
         if (RawSqlite(file).Number("SELECT sum(box_count) FROM fdo_spatial_index_segment") != count) {
           throw std::runtime_error("the index is not in place");
         }
-        return Work{static_cast<double>(count), static_cast<std::uint64_t>(count)};
+        return work;
       },
       [=, name = "indexed gpkg " + std::string(data)] {
         NewVectorFile(gpkg, name).Append(*rows, SqliteStore::kBatch);

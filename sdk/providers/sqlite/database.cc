@@ -120,6 +120,7 @@ void Database::Close() noexcept {
   for (PreparedPtr const& prepared : used_) Forget(prepared);
   idle_.clear();
   used_.clear();
+  hold_ = Statement();
   // Rolls back what is open. There is nothing left that could keep it from closing.
   sqlite3_close_v2(handle_);
   handle_ = nullptr;
@@ -193,6 +194,22 @@ void Database::Rollback() noexcept {
   // Where this fails there is no transaction any more: SQLite ended it with the failure before.
   if (InTransaction()) sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
   begun_ = false;
+}
+
+void Database::Hold() {
+  if (holds_ == 0) {
+    if (!hold_.IsPrepared()) hold_ = Prepare("SELECT 1 FROM sqlite_schema LIMIT 1");
+    hold_.Step();
+  }
+  ++holds_;
+}
+
+void Database::Unhold() noexcept {
+  if (--holds_ == 0) hold_.Reset();
+}
+
+Database::HoldBreak::~HoldBreak() {
+  if (database_.holds_ > 0) sqlite3_step(database_.hold_.Handle());
 }
 
 FdoException* Database::Failure(int code, std::wstring const& doing) {

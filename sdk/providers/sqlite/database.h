@@ -66,6 +66,31 @@ class Database {
   // Nothing happens when there is none.
   void Rollback() noexcept;
 
+  // Keeps a read transaction open, so that everything read meanwhile is of one state of the file, and the
+  // file is locked once for all of it. Holds nest.
+  class ReadHold {
+   public:
+    explicit ReadHold(Database& database) : database_(database) { database.Hold(); }
+    ~ReadHold() { database_.Unhold(); }
+    ReadHold(ReadHold const&) = delete;
+    ReadHold& operator=(ReadHold const&) = delete;
+
+   private:
+    Database& database_;
+  };
+  // While one lives, nothing is held; the file may be another one at its end.
+  class HoldBreak {
+   public:
+    explicit HoldBreak(Database& database) : database_(database) { database.hold_.Reset(); }
+    // What cannot be held again is read without: a statement that reads locks the file for itself.
+    ~HoldBreak();
+    HoldBreak(HoldBreak const&) = delete;
+    HoldBreak& operator=(HoldBreak const&) = delete;
+
+   private:
+    Database& database_;
+  };
+
   // Throws for the result code of a call to SQLite on this database. Tells, too, when the failure has undone
   // an open transaction.
   [[noreturn]] void Fail(int code, std::wstring const& doing);
@@ -77,6 +102,8 @@ class Database {
   typedef std::shared_ptr<Statement::Prepared> PreparedPtr;
 
   void OpenHandle(int busyMilliseconds);
+  void Hold();
+  void Unhold() noexcept;
   static void Forget(PreparedPtr const& prepared);
   void TakeBack(PreparedPtr const& prepared);
 
@@ -87,6 +114,8 @@ class Database {
   bool begun_ = false;  // a transaction was begun here and neither committed nor rolled back here
   std::multimap<std::string, PreparedPtr> idle_;  // prepared and not in use
   std::vector<PreparedPtr> used_;
+  Statement hold_;
+  int holds_ = 0;
 };
 
 }  // namespace fdo_sqlite

@@ -185,6 +185,7 @@ class SelectOf : public SelectCommand<Interface> {
   // prepared.
   FdoIFeatureReader* ExecuteOnce(Database& database) {
     while (true) {
+      Database::ReadHold const hold(database);
       StoreClassPtr const storeClass = this->Schema().Class(this->className_);
       std::uint32_t const version = DataVersion(database);
       SqlScope const scope = ScopeOf(*storeClass, this->parameters_);

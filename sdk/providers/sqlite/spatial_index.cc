@@ -17,18 +17,6 @@ constexpr std::int64_t kLooseShare = 8;
 // A box that reaches more than one in so many of the leaves is answered faster by looking at every row.
 constexpr std::int64_t kUsefulShare = 2;
 
-// Keeps a read transaction open, so that everything read meanwhile is of one state of the file.
-class ReadHold {
- public:
-  explicit ReadHold(Database& database)
-      : statement_(database.Prepare("SELECT 1 FROM sqlite_schema LIMIT 1")) {
-    statement_.Step();
-  }
-
- private:
-  Statement statement_;
-};
-
 }  // namespace
 
 SpatialIndex::SpatialIndex(Database& database, IndexedColumn const& column)
@@ -135,7 +123,7 @@ void SpatialIndex::FindLoose(FgfBox const& box, std::vector<std::int64_t>& rows)
 }
 
 void SpatialIndex::Rows(FgfBox const& box, std::vector<std::int64_t>& rows) {
-  ReadHold const hold(database_);
+  Database::ReadHold const hold(database_);
   Refresh();
   rows.clear();
   if (box.IsEmpty()) return;
@@ -156,7 +144,7 @@ bool SpatialIndex::HasAtLeast(std::int64_t rows) {
 
 bool SpatialIndex::Helps(FgfBox const& box) {
   {
-    ReadHold const hold(database_);
+    Database::ReadHold const hold(database_);
     Refresh();
     bool const fold = !(considered_ && considered_ == seen_) && IsFarBehind();
     considered_ = seen_;
@@ -165,9 +153,12 @@ bool SpatialIndex::Helps(FgfBox const& box) {
   // Nobody is kept waiting for another program's lock just for this.
   int const wait = database_.BusyWait();
   database_.SetBusyWait(0);
-  Fold();
+  {
+    Database::HoldBreak const pause(database_);
+    Fold();
+  }
   database_.SetBusyWait(wait);
-  ReadHold const hold(database_);
+  Database::ReadHold const hold(database_);
   Refresh();
   considered_ = seen_;
   return IsReached(box);
@@ -187,7 +178,7 @@ bool SpatialIndex::IsReached(FgfBox const& box) {
 }
 
 bool SpatialIndex::Extent(FgfBox& box) {
-  ReadHold const hold(database_);
+  Database::ReadHold const hold(database_);
   Refresh();
   box = FgfBox();
   if (state_ == StoredIndex::State::kSound) {
@@ -252,13 +243,13 @@ bool SpatialIndex::IsFarBehind() {
 }
 
 bool SpatialIndex::IsStored() {
-  ReadHold const hold(database_);
+  Database::ReadHold const hold(database_);
   Refresh();
   return state_ == StoredIndex::State::kSound;
 }
 
 std::int64_t SpatialIndex::LooseCount() {
-  ReadHold const hold(database_);
+  Database::ReadHold const hold(database_);
   Refresh();
   std::int64_t count = 0;
   EachLoose([&](std::int64_t, FgfBox const&) { ++count; });
