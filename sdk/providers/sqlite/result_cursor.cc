@@ -68,7 +68,7 @@ void ResultCursor::MakeCells(FdoInt32 index) {
   if (place_ != Place::kOnRow) RefusePlace();
   if (buffers_.cells == nullptr) {
     buffers_.cells = std::make_unique<Cell[]>(static_cast<std::size_t>(columns_->Count()));
-    for (int i = 0; i < columns_->Count(); ++i) buffers_.cells[i].columnType = columns_->At(i).type;
+    for (int i = 0; i < columns_->Count(); ++i) buffers_.cells.get()[i].columnType = columns_->At(i).type;
   }
   readyCells_ = static_cast<std::uint32_t>(columns_->Count());
 }

@@ -114,9 +114,9 @@ class ResultCursor {
   }
   bool Boolean(FdoInt32 index) {
     Cell const& cell = CellAt(index, FdoDataType_Boolean);
-    bool result = false;
     if (cell.value == nullptr) return generatedId_ != 0;
     if (cell.type == SQLITE_INTEGER) return sqlite3_value_int64(cell.value) != 0;
+    bool result = false;
     if (!ReadBoolean(cell.value, result)) RefuseValue(index);
     return result;
   }
