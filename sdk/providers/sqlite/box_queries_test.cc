@@ -57,6 +57,21 @@ TEST_F(BoxQueries, FollowWhatAnybodyChanges) {
   EXPECT_EQ(Ids(kBox), "100,102,103,3000,5001");
 }
 
+TEST_F(BoxQueries, MakeTheIndexOfAConnectionThatWrites) {
+  constexpr char kIndexes[] = "SELECT count(*) FROM sqlite_schema WHERE name = 'fdo_spatial_index'";
+  EXPECT_EQ(Ids(kBox), "100,101,102,103");
+  EXPECT_EQ(store_.Rows(kIndexes), "0");
+  FdoPtr<FdoIInsert> insert = MakeInsertInto(connection_, L"point");
+  GiveText(insert, L"shape", L"GeomFromText('POINT (102 2)')");
+  FdoPtr<FdoIFeatureReader>(insert->Execute())->Close();
+  insert = nullptr;
+  EXPECT_EQ(Ids(kBox), "100,101,102,103,5001");
+  EXPECT_EQ(store_.Rows(kIndexes), "1");
+  // Nothing is held after the query: another program can write.
+  store_.Run("DELETE FROM point WHERE id = 101");
+  EXPECT_EQ(Ids(kBox), "100,102,103,5001");
+}
+
 TEST_F(BoxQueries, UpdateAndDeleteCountWhatIsInTheBox) {
   FdoPtr<FdoIUpdate> update = Make<FdoIUpdate>(connection_, FdoCommandType_Update);
   update->SetFeatureClassName(L"point");
