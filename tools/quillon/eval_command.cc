@@ -180,7 +180,8 @@ Action DefineEval(CLI::App& app) {
       ->allow_extra_args(false)
       ->type_name("NAME=VALUE");
   options->selection.DefineTable(app);
-  app.get_option("--table")->needs(source);
+  CLI::Option* const table = app.get_option("--table")->needs(source);
+  app.add_option("TABLE", options->selection.table, "The same as --table")->excludes(table);
   options->selection.DefineWhere(app)->needs(source);
   options->selection.DefineBox(app)->needs(source);
   app.add_option("--limit", options->limit, "At most that many rows")

@@ -122,7 +122,7 @@ TEST(Eval, AColumnIsWhatTheRowsHold) {
 
 TEST(Eval, BoxAndLimitNarrowTheRows) {
   EXPECT_EQ(json::parse(Printed("eval", {"1", World(), "--limit", "4", "--json"})).size(), 4u);
-  EXPECT_EQ(json::parse(Printed("eval", {"1", World(), "--limit", "0", "--json"})), json::array());
+  EXPECT_EQ(json::parse(Printed("eval", {"1", World(), "world", "--limit", "0", "--json"})), json::array());
   json const rows =
       json::parse(Printed("eval", {"name_long", World(), "--bbox", "-20,64.5,-19,65", "--json"}));
   ASSERT_EQ(rows.size(), 1u);
@@ -169,6 +169,8 @@ TEST(Eval, WhatIsWrongIsSaid) {
       {{"1", World(), "--set", "a=1"}, 2, "--set is for expressions without a SOURCE"},
       {{"popp", World()}, 1, "world has no column \"popp\"; did you mean \"pop\"?"},
       {{"1", World(), "--table", "wrld"}, 1, "did you mean \"world\"?"},
+      {{"1", World(), "wrld"}, 1, "did you mean \"world\"?"},
+      {{"1", World(), "world", "--table", "world"}, 2, "--table"},
       {{"1", World() + ".missing"}, 3, "does not exist"},
       {{"1", World(), "--where", "pop >"}, 2, "the filter does not parse"},
       {{"x(name_long)", World()}, 1, "expected the word of a geometry type"},
