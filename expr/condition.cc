@@ -26,7 +26,7 @@ QUILLON_ALWAYS_INLINE bool Holds(Test test, Column column, Literal literal) {
     case Test::kLiteralLess:
       return Less(literal, column);
     default:
-      return !Less(column, literal) & !Less(literal, column);
+      return !(Less(column, literal) || Less(literal, column));
   }
 }
 
