@@ -3,6 +3,7 @@
 #define SDK_RUNTIME_GEOMETRY_FGF_BUILDER_H_
 
 #include <cmath>
+#include <cstring>
 #include <vector>
 
 #include "sdk/runtime/geometry/fgf_walk.h"
@@ -18,8 +19,9 @@ class FgfBuilder {
   void Clear() { bytes_.clear(); }
 
   void Bytes(void const* data, std::size_t size) {
-    auto const* const begin = static_cast<FdoByte const*>(data);
-    bytes_.insert(bytes_.end(), begin, begin + size);
+    std::size_t const at = bytes_.size();
+    bytes_.resize(at + size);
+    if (size > 0) std::memcpy(bytes_.data() + at, data, size);
   }
   void Byte(FdoByte value) { bytes_.push_back(value); }
   void Int32(FdoInt32 value) { Bytes(&value, sizeof(value)); }
