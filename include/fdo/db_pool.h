@@ -49,7 +49,7 @@ struct PoolHolder {
 // Two requests mean the same connection when source, provider and configuration are the same texts; null
 // and "" are the same, and letter case counts.
 // Deliberate: a configuration without a provider cannot be told from a provider without a configuration,
-// since the empty part leaves no mark in the key (ConnectionPool.EmptyPartsLeaveNoMark).
+// since the empty part leaves no mark in the key (ConnectionPoolTest.EmptyPartsLeaveNoMark).
 //
 // An idle connection is handed out as it is: it is not checked, opened anew or closed with age.
 //
@@ -75,7 +75,7 @@ class QUILLON_EXPORT DbPool {
   // Gives back one use; null is allowed. After the thread's last use the connection is idle or, with
   // destroy, deleted.
   // Deliberate: a connection that this thread did not get from the pool is deleted. When another thread
-  // holds it, that thread is left with a pointer to nothing (ConnectionPool.AForeignThreadDestroys).
+  // holds it, that thread is left with a pointer to nothing (ConnectionPoolTest.AForeignThreadDestroys).
   static void ReleaseConnection(Database* db, bool destroy);
   // Closes every idle connection, so that their files can be deleted or replaced.
   static void CloseAllFreeConnections();

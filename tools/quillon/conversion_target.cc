@@ -102,16 +102,23 @@ std::string ConversionTarget::Close() {
   return throughGdal_ == nullptr ? std::string() : Utf8(throughGdal_->LastError());
 }
 
+std::wstring ConversionTarget::SourceName() const {
+  return throughGdal_ == nullptr ? MakeConnectionString(provider_.c_str(), path_.c_str()) : path_;
+}
+
 Database& ConversionTarget::Reopen() {
-  constexpr bool kReadOnly = true, kLoadSchema = true;
-  std::wstring const source =
-      throughGdal_ == nullptr ? MakeConnectionString(provider_.c_str(), path_.c_str()) : path_;
-  bool const opened = database_->Connect(source.c_str(), provider_.c_str(), nullptr, kReadOnly, kLoadSchema);
+  reopened_ = DbPool::GetConnectionForReading(SourceName().c_str(), provider_.c_str(), nullptr,
+                                              /*loadSchema=*/true);
   // What FDO says of the way to a store that opened is no news.
-  std::string const message = LastError();
-  if (!opened) throw CannotReadBack(name_, message);
-  if (database_->Count() == 0) throw CannotReadBack(name_, "it has no tables");
-  return *database_;
+  session_.TakeDiagnostics();
+  if (!reopened_) throw CannotReadBack(name_, Utf8(DbPool::LastAttempts().back().message));
+  if (reopened_->Count() == 0) throw CannotReadBack(name_, "it has no tables");
+  return *reopened_;
+}
+
+ConversionTarget::~ConversionTarget() {
+  reopened_ = nullptr;
+  DbPool::Invalidate(SourceName().c_str());
 }
 
 }  // namespace fdo::tool

@@ -3,6 +3,7 @@
 #define TOOLS_QUILLON_CONVERSION_TARGET_H_
 
 #include <fdo/database.h>
+#include <fdo/db_pool.h>
 
 #include <memory>
 #include <string>
@@ -36,6 +37,11 @@ class ConversionTarget {
   ConversionTarget(std::string name, std::wstring path, TargetFormat const& format, TableDef const& source,
                    std::vector<int> const& columns, Session& session);
 
+  ConversionTarget(ConversionTarget const&) = delete;
+  ConversionTarget& operator=(ConversionTarget const&) = delete;
+  // Leaves the store closed.
+  ~ConversionTarget();
+
   Table& Rows() { return (*database_)[0]; }
   // The provider or driver that was taken.
   std::string const& Driver() const { return driver_; }
@@ -45,7 +51,7 @@ class ConversionTarget {
   std::string LastError();
   // Writes out what is not yet written. Gives: why that failed, if the back end says so; else "".
   std::string Close();
-  // The closed store, open for reading.
+  // The closed store, open for reading through the connection pool.
   // Errors: throws Failure when it cannot be read or has no tables.
   Database& Reopen();
 
@@ -54,10 +60,14 @@ class ConversionTarget {
                         std::vector<int> const& columns);
   void CreateThroughGdal(std::wstring const& driver, TableDef const& source, std::vector<int> const& columns);
 
+  // What the pool is asked for: a connection string for FDO, a path for GDAL.
+  std::wstring SourceName() const;
+
   std::string name_;
   std::wstring path_;
   Session& session_;
   std::unique_ptr<Database> database_;
+  DbHandle reopened_;
   DatabaseOgr* throughGdal_ = nullptr;  // the database, when GDAL writes it
   std::wstring provider_;               // when FDO writes it
   std::string driver_;
