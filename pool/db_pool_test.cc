@@ -135,6 +135,14 @@ TEST_F(DbPoolTest, AHandleGivesBackWhatItHeld) {
   EXPECT_EQ(DbPool::Counters().free, 2);
 }
 
+TEST_F(DbPoolTest, AFileCanBeDeletedAfterAllFreeConnectionsAreClosed) {
+  { DbHandle const towns(DbPool::GetConnection(path_.c_str())); }
+  DbPool::CloseAllFreeConnections();
+  EXPECT_EQ(DbPool::Counters().free, 0);
+  EXPECT_TRUE(std::filesystem::remove(std::filesystem::path(path_)));
+  EXPECT_THAT(DbPool::GetConnection(path_.c_str()), IsNull());
+}
+
 TEST_F(DbPoolTest, AFileCanBeReplacedAfterInvalidate) {
   { DbHandle const towns(DbPool::GetConnection(path_.c_str())); }
   DbPool::Invalidate(path_.c_str());
