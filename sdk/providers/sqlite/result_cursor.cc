@@ -73,6 +73,11 @@ void ResultCursor::MakeCells(FdoInt32 index) {
   readyCells_ = static_cast<std::uint32_t>(columns_->Count());
 }
 
+void ResultCursor::LocateEach() {
+  for (FdoInt32 i = 0; i < columns_->Count(); ++i)
+    buffers_.cells[static_cast<std::size_t>(i)].value = ValueAt(i);
+}
+
 FdoDateTime ResultCursor::DateTime(FdoInt32 index) {
   Cell const& cell = CellAt(index, FdoDataType_DateTime);
   FdoDateTime result;

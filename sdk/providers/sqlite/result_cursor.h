@@ -3,6 +3,7 @@
 #ifndef SDK_PROVIDERS_SQLITE_RESULT_CURSOR_H_
 #define SDK_PROVIDERS_SQLITE_RESULT_CURSOR_H_
 
+#include <cassert>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -19,7 +20,7 @@ namespace fdo_sqlite {
 
 // The value of a column in one row.
 struct Cell {
-  std::uint64_t row = 0;
+  std::uint64_t row = 0;           // to which type belongs
   sqlite3_value* value = nullptr;  // null where it is the generated id
   int type = SQLITE_NULL;          // of SQLite
   int columnType = 0;              // as ResultColumn has it
@@ -37,7 +38,8 @@ struct CursorBuffers {
   std::unique_ptr<Cell[]> cells;
   std::unique_ptr<WideBuffer[]> texts;
   std::unique_ptr<GeometrySlot[]> geometries;
-  std::uint64_t row = 0;  // counts the rows that have used them
+  std::uint64_t row = 0;         // counts the rows that have used them
+  std::uint64_t locatedRow = 0;  // the last in which the values of the cells were looked for
 };
 
 // What a cursor leaves for the next one of the same query, so that a query that is made over and over, such
@@ -176,13 +178,24 @@ class ResultCursor {
   }
 
   void ReadCell(Cell& cell, FdoInt32 index) {
+    // What a connection that is closed had there is gone.
+    bool const isCutOff = statement_.IsPrepared() && statement_.Handle() == nullptr;
+    if (buffers_.locatedRow != buffers_.row || isCutOff) LocateValues();
+    assert(cell.value == ValueAt(index));
     cell.row = buffers_.row;
-    if (statement_.IsPrepared()) {
-      cell.value = sqlite3_column_value(statement_.Handle(), index);
-    } else {
-      cell.value = keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
-    }
     cell.type = cell.value == nullptr ? SQLITE_INTEGER : sqlite3_value_type(cell.value);
+  }
+
+  // A row of SQLite is one array, which it fills anew for each row of a statement: while the first value is
+  // where it was, so are the others. Asking for each of them would be a tenth of a scan.
+  void LocateValues() {
+    buffers_.locatedRow = buffers_.row;
+    if (ValueAt(0) != buffers_.cells[0].value) LocateEach();
+  }
+  void LocateEach();
+  sqlite3_value* ValueAt(FdoInt32 index) const {
+    if (statement_.IsPrepared()) return sqlite3_column_value(statement_.Handle(), index);
+    return keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
   }
 
   // Errors: for a position that there is not, and where the cursor stands on no row.

@@ -227,6 +227,48 @@ TEST_F(Select, StoredValuesThatDoNotFitAreRefusedOneByOne) {
   MessageThrownBy<FdoCommandException>([&] { reader->GetInt32(L"people"); });
 }
 
+// Whatever was read of the rows before, of this reader or of one before it.
+TEST_F(Select, ValuesAreThoseOfTheRow) {
+  struct Claim {
+    FdoString* ordering;
+    char const* read;  // for each row, the places of the properties that are read
+    FdoString* values;
+  };
+  Claim const claims[] = {
+      {nullptr, "0 1 2 01 12", L"1 Bern 291000 4NULL Bern1000"},
+      {nullptr, "2 2 10 - 0", L"126000 134000 Graz3  7"},
+      {L"people", "1 0 01 - 20", L"Bern 1 4NULL  2910003"},
+      {L"name", "20 1 - 0 1", L"1260004 Bern  3 Ulm"},
+      {nullptr, "- - - - 210", L"    1000Bern7"},
+  };
+  FdoPtr<FdoIExtendedSelect> select = Make<FdoIExtendedSelect>(connection_, FdoCommandType_ExtendedSelect);
+  select->SetFeatureClassName(L"town");
+  for (Claim const& claim : claims) {
+    FdoPtr<FdoIdentifierCollection> ordering = select->GetOrdering();
+    ordering->Clear();
+    if (claim.ordering != nullptr) {
+      ordering->Add(FdoPtr<FdoIdentifier>(FdoIdentifier::Create(claim.ordering)));
+    }
+    FdoPtr<FdoIFeatureReader> reader = select->Execute();
+    std::wstring values;
+    ASSERT_TRUE(reader->ReadNext());
+    for (char const* read = claim.read; *read != 0; ++read) {
+      if (*read == ' ') {
+        ASSERT_TRUE(reader->ReadNext());
+        values += L" ";
+      } else if (*read != '-') {
+        FdoInt32 const place = *read - '0';
+        values += reader->IsNull(place) ? L"NULL"
+                  : place == 0          ? std::to_wstring(reader->GetInt64(place))
+                  : place == 1          ? std::wstring(reader->GetString(place))
+                                        : std::to_wstring(reader->GetInt32(place));
+      }
+    }
+    EXPECT_FALSE(reader->ReadNext());
+    EXPECT_EQ(values, claim.values) << claim.read;
+  }
+}
+
 TEST_F(Select, AnotherConnectionIsNotKeptFromWritingOnceAllIsRead) {
   FdoPtr<FdoISelect> select = MakeSelectOf(connection_, L"town");
   FdoPtr<FdoIFeatureReader> reader = select->Execute();
@@ -255,7 +297,12 @@ TEST_F(Select, ReadersOutliveCommandsAndStandWhileOthersWrite) {
 TEST_F(Select, AClosedConnectionEndsItsReaders) {
   FdoPtr<FdoIFeatureReader> reader = MakeSelectOf(connection_, L"town")->Execute();
   ASSERT_TRUE(reader->ReadNext());
+  EXPECT_EQ(reader->GetInt64(L"id"), 1);
   connection_->Close();
+  // What was not read of the row is gone.
+  EXPECT_TRUE(reader->IsNull(L"name"));
+  EXPECT_TRUE(reader->IsNull(L"people"));
+  MessageThrownBy<FdoCommandException>([&] { reader->GetString(L"name"); });
   MessageThrownBy<FdoCommandException>([&] { reader->ReadNext(); });
   MessageThrownBy<FdoCommandException>([&] { MakeSelectOf(connection_, L"town")->Execute(); });
   reader = nullptr;
