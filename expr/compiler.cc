@@ -5,7 +5,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "expr/column_kinds.h"
 #include "expr/function_table.h"
+#include "expr/text_reading.h"
 #include "values/date_text.h"
 
 namespace fdo {
@@ -161,8 +163,11 @@ class FdoExprCompiler : public FdoIExpressionProcessor, public FdoIFilterProcess
   }
 
   void ProcessComparisonCondition(FdoComparisonCondition& filter) override {
-    Then(filter.GetRightExpression());
-    Then(filter.GetLeftExpression());
+    FdoPtr<FdoExpression> const left = filter.GetLeftExpression();
+    FdoPtr<FdoExpression> const right = filter.GetRightExpression();
+    bool const isLike = filter.GetOperation() == FdoComparisonOperations_Like;
+    ThenBeside(isLike ? nullptr : left.p, right);
+    ThenBeside(isLike ? nullptr : right.p, left);
     ThenEmit(OpFor(kComparison, filter.GetOperation()));
   }
 
@@ -172,8 +177,10 @@ class FdoExprCompiler : public FdoIExpressionProcessor, public FdoIFilterProcess
       throw std::runtime_error(kSubSelect);
     FdoPtr<FdoValueExpressionCollection> const values = filter.GetValues();
     FdoInt32 const count = values == nullptr ? 0 : values->GetCount();
-    for (FdoInt32 i = count; i > 0; --i) Then(values->GetItem(i - 1));
-    Then(filter.GetPropertyName());
+    FdoPtr<FdoIdentifier> const column = filter.GetPropertyName();
+    for (FdoInt32 i = count; i > 0; --i)
+      ThenBeside(column, FdoPtr<FdoValueExpression>(values->GetItem(i - 1)));
+    Then(FDO_SAFE_ADDREF(column.p));
     ThenEmit(OpIn, Value(count));
   }
 
@@ -228,6 +235,29 @@ class FdoExprCompiler : public FdoIExpressionProcessor, public FdoIFilterProcess
     task.expression = expression;
     task.depth = NextDepth();
     asked_.push_back(std::move(task));
+  }
+  // What is compared with the other side, which may be null: as in SQL a text literal beside a column is what
+  // the column holds, or unknown.
+  void ThenBeside(FdoExpression* other, FdoExpression* expression) {
+    auto* const text = options_.sqlValues ? dynamic_cast<FdoStringValue*>(expression) : nullptr;
+    internal::ColumnKind const* const kind = text == nullptr || text->IsNull() ? nullptr : KindOf(other);
+    if (kind != nullptr && kind->comparedAs == internal::ComparedAs::kNumber) {
+      ThenEmit(OpPushLiteral, internal::NumberInText(text->GetString()));
+    } else if (kind != nullptr && kind->comparedAs == internal::ComparedAs::kDate) {
+      ThenEmit(OpPushLiteral, internal::DateInText(text->GetString()));
+    } else {
+      Then(FDO_SAFE_ADDREF(expression));
+    }
+  }
+  // Of a column of the table; null for all else.
+  internal::ColumnKind const* KindOf(FdoExpression* expression) const {
+    auto* const column = dynamic_cast<FdoIdentifier*>(expression);
+    // A computed identifier is an identifier, too, but no column.
+    if (column == nullptr || table_ == nullptr || dynamic_cast<FdoComputedIdentifier*>(column) != nullptr)
+      return nullptr;
+    wchar_t const* const name = column->GetName();
+    int const position = name == nullptr ? -1 : table_->IndexOf(name);
+    return position < 0 ? nullptr : internal::KindOf((*table_)[position].Type());
   }
   void ThenFilter(FdoFilter* filter, std::int32_t chain) {
     if (filter == nullptr) return;

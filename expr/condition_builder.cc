@@ -7,6 +7,7 @@
 #include "expr/condition.h"
 #include "expr/function_table.h"
 #include "expr/op_table.h"
+#include "expr/sql_values.h"
 #include "expr/stack_check.h"
 
 namespace fdo {
@@ -237,7 +238,15 @@ class ExprEval::Condition::Builder {
     if (!IsField(column, column + 1) || !IsLiteral(number, number + 1)) return false;
     Value const& value = program_[number].value;
     if (value.Type() != Value::kInt && value.Type() != Value::kDouble) return false;
+    // As in SQL integers may become doubles, and what is divided by zero null.
+    if (options_.sqlValues && (value.Type() == Value::kInt || static_cast<double>(value) == 0)) return false;
     return program_[end - 1].op != OpDiv || (!columnIsRight && IsSafeDivisor(value));
+  }
+
+  // Whether the number compares as its double does with integers, and with doubles.
+  static bool ComparesAsDouble(Value const& number) {
+    double const real = static_cast<double>(number);
+    return std::fabs(real) < static_cast<double>(internal::kExactIntegers);
   }
 
   static Number NumberOf(Value const& value) {
@@ -269,6 +278,7 @@ class ExprEval::Condition::Builder {
     int const type = value.Type();
     bool const isNumber = type == Value::kInt || type == Value::kDouble;
     if (options_.nullIsUnknown && type == Value::kDouble && std::isnan(static_cast<double>(value))) return;
+    if (options_.sqlValues && isNumber && !ComparesAsDouble(value)) return;
     if (IsField(begin, end) && (isNumber || type == Value::kString)) {
       step.kind = type == Value::kInt ? Kind::kInteger : type == Value::kDouble ? Kind::kReal : Kind::kText;
       step.cell = CellOf(begin);

@@ -10,6 +10,13 @@
 #include "expr/spatial.h"
 
 namespace fdo {
+namespace {
+
+ExprOptions Complete(ExprOptions const& options) {
+  return options.sqlValues ? ExprOptions::AsInSql() : options;
+}
+
+}  // namespace
 
 ExprEval::ExprEval(std::vector<OpRec> program, ExprOptions const& options, bool isFilter, bool callsFit)
     : machine_(new Machine(std::move(program), options, isFilter, callsFit)) {
@@ -28,11 +35,13 @@ ExprEval::ExprEval(FdoExpression* expression, TableDef const* table, bool* usedC
     : ExprEval(expression, table, usedColumns, ExprOptions()) {}
 
 ExprEval::ExprEval(FdoFilter* filter, TableDef const* table, bool* usedColumns, ExprOptions const& options)
-    : ExprEval(internal::Compile(filter, table, usedColumns, options), options, /*isFilter=*/true) {}
+    : ExprEval(internal::Compile(filter, table, usedColumns, Complete(options)), Complete(options),
+               /*isFilter=*/true) {}
 
 ExprEval::ExprEval(FdoExpression* expression, TableDef const* table, bool* usedColumns,
                    ExprOptions const& options)
-    : ExprEval(internal::Compile(expression, table, usedColumns, options), options, /*isFilter=*/false) {}
+    : ExprEval(internal::Compile(expression, table, usedColumns, Complete(options)), Complete(options),
+               /*isFilter=*/false) {}
 
 ExprEval::~ExprEval() { machine_->Release(); }
 

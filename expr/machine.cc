@@ -10,6 +10,7 @@
 #include "expr/function_table.h"
 #include "expr/op_table.h"
 #include "expr/spatial.h"
+#include "expr/sql_values.h"
 #include "expr/stack_check.h"
 #include "expr/text_pattern.h"
 
@@ -82,6 +83,8 @@ void ExprEval::Machine::Run(std::size_t begin, std::size_t end, Row const* row, 
       case OpNeg:
         if (options_.nullIsUnknown && internal::IsUnknown(*top)) {
           top->Reset();
+        } else if (options_.sqlValues) {
+          internal::NegateAsInSql(*top);
         } else {
           Value::Neg(*top);
         }
@@ -144,6 +147,8 @@ void ExprEval::Machine::Calculate(std::int32_t op, Value*& top) {
   Value& right = *(top - 1);
   if (AnyUnknown(left, right)) {
     right.Reset();
+  } else if (options_.sqlValues) {
+    internal::CalculateAsInSql(op, left, right, right);
   } else if (op == OpAdd) {
     Value::Add(right, left, right);
   } else if (op == OpSub) {
@@ -167,6 +172,13 @@ void ExprEval::Machine::CompareTop(std::int32_t op, Value*& top) {
   Value& right = *(top - 1);
   if (AnyUnknown(left, right)) {
     right.Reset();
+  } else if (options_.sqlValues) {
+    internal::SqlOrder const order = internal::CompareAsInSql(left, right);
+    if (order == internal::SqlOrder::kUnknown) {
+      right.Reset();
+    } else {
+      right.Reset(internal::HoldsOf(order, op));
+    }
   } else {
     right.Reset(internal::Compare(op, left, right));
   }
@@ -234,15 +246,18 @@ void ExprEval::Machine::Match(Value*& top) {
   Drop(top);
 }
 
-// The column is on top, the values are below it.
+// The column is on top, the values are below it. In an empty list is nothing, whatever the column.
 void ExprEval::Machine::FindInList(OpRec const& record, Value*& top) {
   long long const count = static_cast<__int64>(record.value);
-  bool const columnUnknown = options_.nullIsUnknown && internal::IsUnknown(*top);
   bool found = false;
-  bool unknown = columnUnknown;
-  for (long long i = 1; i <= count && !found && !columnUnknown; ++i) {
+  bool unknown = false;
+  for (long long i = 1; i <= count && !found; ++i) {
     if (AnyUnknown(*top, top[-i])) {
       unknown = true;
+    } else if (options_.sqlValues) {
+      internal::SqlOrder const order = internal::CompareAsInSql(*top, top[-i]);
+      found = order == internal::SqlOrder::kEqual;
+      unknown = unknown || order == internal::SqlOrder::kUnknown;
     } else {
       found = *top == top[-i];
     }

@@ -16,7 +16,7 @@
 namespace fdo {
 namespace {
 
-constexpr int kTrees = 30000;
+constexpr int kTrees = 36000;
 constexpr int kRowsPerTree = 4;
 
 int TreeCount() {
@@ -37,6 +37,7 @@ constexpr Mode kModes[] = {
     {"all conditions", {true, false}, {true, true, true, true, true}},
     {"null is unknown", {false, true}, {false, false, false, false, false}},
     {"both", {true, true}, {true, true, true, true, true}},
+    {"as in SQL", ExprOptions::AsInSql(), {true, true, true, true, true}},
 };
 
 // Calls check(eval, filter or expression, row) for trees of every kind. Half of the trees are filters.

@@ -13,7 +13,7 @@
 namespace fdo::internal {
 namespace {
 
-constexpr ExprOptions kAsInSql{/*allConditions=*/true, /*nullIsUnknown=*/true};
+constexpr ExprOptions kAsInSql = ExprOptions::AsInSql();
 
 using Box = std::array<double, 4>;
 

@@ -95,7 +95,7 @@ std::vector<Case> const& Cases() {
       {L"d > TIMESTAMP '2024-01-01 00:00:00'", {1, 4, 5}},
       {L"d > DATE '2024-02-01' AND d < DATE '2024-05-01'", {1, 4}},
       {L"NOT d < DATE '2024-01-01'", {1, 4, 5}},
-      {L"d < '2000'", {-2}},
+      {L"d < '2000-01-01'", {-2}},
   };
   return cases;
 }

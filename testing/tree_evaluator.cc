@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "testing/sql_values_reference.h"
 #include "values/date_text.h"
 
 namespace fdo {
@@ -110,6 +111,10 @@ class TreeEvaluator : public FdoIExpressionProcessor, public FdoIFilterProcessor
       value_.Reset();
       return;
     }
+    if (options_.sqlValues) {
+      value_ = CalculateByReference("+-*/"[expr.GetOperation()], left, right);
+      return;
+    }
     bool const bothIntegers = left.Type() == Value::kInt && right.Type() == Value::kInt;
     bool const leftBorrowed = Borrowed(expr.GetLeftExpression());
     bool const rightBorrowed = Borrowed(expr.GetRightExpression());
@@ -151,6 +156,8 @@ class TreeEvaluator : public FdoIExpressionProcessor, public FdoIFilterProcessor
     Value value = Of(expr.GetExpression());
     if (Unknown(value)) {
       value.Reset();
+    } else if (options_.sqlValues && value.Type() != Value::kDouble) {
+      value = CalculateByReference('*', Value(-1), value);
     } else {
       Value::Neg(value);
     }
@@ -235,8 +242,8 @@ class TreeEvaluator : public FdoIExpressionProcessor, public FdoIFilterProcessor
     SetTruth(2 - Truth(Of(filter.GetOperand())));
   }
   void ProcessComparisonCondition(FdoComparisonCondition& filter) override {
-    Value const right = Of(filter.GetRightExpression());
-    Value const left = Of(filter.GetLeftExpression());
+    Value right = Of(filter.GetRightExpression());
+    Value left = Of(filter.GetLeftExpression());
     if (filter.GetOperation() == FdoComparisonOperations_Like) {
       if (!options_.allConditions)
         throw std::runtime_error("\"Like\" not implemented yet for fdo::ExprEval.");
@@ -246,9 +253,13 @@ class TreeEvaluator : public FdoIExpressionProcessor, public FdoIFilterProcessor
       SetTruth(!known ? 1 : text != nullptr && pattern != nullptr && Matches(text, pattern) ? 2 : 0);
       return;
     }
+    ReadBeside(filter.GetLeftExpression(), filter.GetRightExpression(), right);
+    ReadBeside(filter.GetRightExpression(), filter.GetLeftExpression(), left);
     if (Unknown(left) || Unknown(right)) return SetTruth(1);
-    bool const less = left < right;
-    bool const greater = right < left;
+    ReferenceOrder const order = Order(left, right);
+    if (order == kReferenceUnknown) return SetTruth(1);
+    bool const less = order == kReferenceLess;
+    bool const greater = order == kReferenceGreater;
     bool const holds[] = {!less && !greater, less || greater, greater, !less, less, !greater};
     SetTruth(holds[filter.GetOperation()] ? 2 : 0);
   }
@@ -257,8 +268,10 @@ class TreeEvaluator : public FdoIExpressionProcessor, public FdoIFilterProcessor
     int truth = 0;
     Value const column = Of(static_cast<FdoExpression*>(filter.GetPropertyName()));
     for (FdoInt32 i = 0; i < values->GetCount(); ++i) {
-      Value const value = Of(static_cast<FdoExpression*>(values->GetItem(i)));
-      int const one = Unknown(column) || Unknown(value) ? 1 : !(column < value) && !(value < column) ? 2 : 0;
+      Value value = Of(static_cast<FdoExpression*>(values->GetItem(i)));
+      ReadBeside(filter.GetPropertyName(), values->GetItem(i), value);
+      bool const isUnknown = Unknown(column) || Unknown(value) || Order(column, value) == kReferenceUnknown;
+      int const one = isUnknown ? 1 : Order(column, value) == kReferenceEqual ? 2 : 0;
       truth = std::max(truth, one);
     }
     SetTruth(truth);
@@ -298,6 +311,21 @@ class TreeEvaluator : public FdoIExpressionProcessor, public FdoIFilterProcessor
     } else {
       value_.Reset(truth == 2);
     }
+  }
+
+  ReferenceOrder Order(Value const& left, Value const& right) const {
+    if (options_.sqlValues) return CompareByReference(left, right);
+    return left < right ? kReferenceLess : right < left ? kReferenceGreater : kReferenceEqual;
+  }
+
+  // What a text literal is beside a column, as in SQL.
+  void ReadBeside(FdoExpression* other, FdoExpression* literal, Value& value) const {
+    FdoPtr<FdoExpression> const left(other);
+    FdoPtr<FdoExpression> const right(literal);
+    auto* const column = dynamic_cast<FdoIdentifier*>(left.p);
+    if (!options_.sqlValues || column == nullptr || dynamic_cast<FdoStringValue*>(right.p) == nullptr) return;
+    if (!value.IsNull())
+      value = LiteralByReference(value, (*row_.Def())[row_.Def()->IndexOf(column->GetName())].Type());
   }
 
   // Columns and literals are lent to the machine; so is what todatetime passes on.

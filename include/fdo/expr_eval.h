@@ -72,11 +72,22 @@ struct ExprOptions {
   // - A condition is not looked at when the others decide, so that what it would throw may not come.
   bool allConditions = false;
   // Null is unknown, as in SQL, and a number that is none (NaN) is null: a comparison, a spatial, a
-  // distance, a LIKE or an IN condition with it is neither true nor false; NOT of unknown is unknown; AND
-  // and OR give what the other side decides, else unknown. Arithmetic with null gives null, as do all
-  // functions but tostring, concat, if, lookup and todatetime. A filter whose outcome is unknown gives
-  // false. The test for null is the same in both modes.
+  // distance, a LIKE or an IN condition with it is neither true nor false, but that nothing is IN a list
+  // without values; NOT of unknown is unknown; AND and OR give what the other side decides, else unknown.
+  // Arithmetic with null gives null, as do all functions but tostring, concat, if, lookup and todatetime. A
+  // filter whose outcome is unknown gives false. The test for null is the same in both modes.
   bool nullIsUnknown = false;
+  // Values of different kinds meet as in a SQL store. This turns the other two on.
+  // - In comparisons and IN a text stands for the number that it is, blanks around it aside, beside a number
+  //   or a flag; one that is no number makes the condition unknown. A text literal stands for a date beside a
+  //   column of dates, in any of the forms "2024-03-01 14:30", "2024-03-01T14:30:05.5", "14:30:05".
+  // - An integer and a double compare by their exact values.
+  // - Flags calculate as 1 and 0. A sum, difference or product of integers beyond 64 bits is a double.
+  //   Division by zero, of doubles too, gives null.
+  bool sqlValues = false;
+
+  // All of them: what filters mean to every back end.
+  static constexpr ExprOptions AsInSql() { return {true, true, true}; }
 };
 
 // An ExprEval computes an FDO filter or expression over rows in memory.

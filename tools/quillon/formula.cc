@@ -12,7 +12,7 @@ namespace fdo::tool {
 
 namespace {
 
-constexpr ExprOptions kAsInSql{/*allConditions=*/true, /*nullIsUnknown=*/true};
+constexpr ExprOptions kAsInSql = ExprOptions::AsInSql();
 
 // Holds every call against the functions that there are.
 class CallCheck : public TreeVisitor {
