@@ -16,6 +16,21 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
+if(WIN32)
+  # quillon.dll, whichever compiler makes it.
+  set(CMAKE_SHARED_LIBRARY_PREFIX "")
+  set(CMAKE_SHARED_MODULE_PREFIX "")
+endif()
+
+# The variable with the folders where the loader of a program looks for libraries.
+if(NOT WIN32)
+  set(QUILLON_LOADER_PATH LD_LIBRARY_PATH)
+elseif(CMAKE_CROSSCOMPILING)
+  set(QUILLON_LOADER_PATH QUILLON_WINE_PATH)  # of scripts/run-under-wine
+else()
+  set(QUILLON_LOADER_PATH PATH)
+endif()
+
 if(NOT CMAKE_RUNTIME_OUTPUT_DIRECTORY)
   set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
   set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")

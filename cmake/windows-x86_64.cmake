@@ -13,3 +13,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# Tests run under Wine.
+get_filename_component(run_under_wine "${CMAKE_CURRENT_LIST_DIR}/../scripts/run-under-wine" ABSOLUTE)
+set(CMAKE_CROSSCOMPILING_EMULATOR "${run_under_wine}")

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fdo_backend/recorded_table.h"
-#include "sdk/runtime/core/live_allocations.h"
+#include "port/live_allocations.h"
 #include "testing/fgf_builder.h"
 #include "testing/scratch_directory.h"
 
@@ -22,9 +22,9 @@ constexpr int kColumnCount = 6;
 
 template <class Run>
 long long AllocationsOf(Run run) {
-  long long const before = fdo_sdk::AllocationsSoFar();
+  long long const before = fdo::port::AllocationsSoFar();
   run();
-  return fdo_sdk::AllocationsSoFar() - before;
+  return fdo::port::AllocationsSoFar() - before;
 }
 
 class TableFdoAllocations : public RecordedTable {

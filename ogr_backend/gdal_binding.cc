@@ -1,9 +1,9 @@
 #include "ogr_backend/gdal_binding.h"
 
-#include <cstdlib>
 #include <string>
 
 #include "port/dynamic_library.h"
+#include "port/file.h"
 
 namespace fdo::internal {
 namespace {
@@ -26,9 +26,8 @@ constexpr NameSeries kNumberedNames[] = {
 };
 
 void* LoadGdal() {
-  if (char const* override = std::getenv("QUILLON_GDAL_LIBRARY"); override != nullptr && *override != '\0') {
-    return port::LoadLibraryByName(override);
-  }
+  std::string const chosen = port::EnvironmentVariable("QUILLON_GDAL_LIBRARY");
+  if (!chosen.empty()) return port::LoadLibraryByName(chosen.c_str());
   for (char const* name : kPlainNames) {
     if (void* library = port::LoadLibraryByName(name)) return library;
   }

@@ -8,7 +8,7 @@
 
 #include "ogr_backend/gdal_binding.h"
 #include "ogr_backend/ogr_test_files.h"
-#include "sdk/runtime/core/live_allocations.h"
+#include "port/live_allocations.h"
 
 namespace fdo {
 namespace {
@@ -24,9 +24,9 @@ constexpr int kRows = kWarmRows + kCountedRows + 16;
 template <class Next>
 long long AllocationsOf(Next next) {
   for (int i = 0; i < kWarmRows; ++i) next();
-  long long const before = fdo_sdk::AllocationsSoFar();
+  long long const before = fdo::port::AllocationsSoFar();
   for (int i = 0; i < kCountedRows; ++i) next();
-  return fdo_sdk::AllocationsSoFar() - before;
+  return fdo::port::AllocationsSoFar() - before;
 }
 
 long long OfGdal(std::wstring const& path) {

@@ -5,20 +5,19 @@
 namespace fdo::port {
 namespace {
 
-// CMake runs on every platform that this is built on.
-constexpr char kProgram[] = QUILLON_TEST_CMAKE_COMMAND;
+constexpr char kProgram[] = QUILLON_CHILD_PROGRAM;
 
 TEST(RunChild, GivesOutputAndExitCode) {
-  ChildResult const result = RunChild(kProgram, {"-E", "echo", "one two", "three"});
+  ChildResult const result = RunChild(kProgram, {"say", "one two", "stra\u00DFe-\u65E5"});
   EXPECT_TRUE(result.started);
   EXPECT_EQ(result.exitCode, 0);
-  EXPECT_EQ(result.output.substr(0, 13), "one two three");
+  EXPECT_EQ(result.output, "one two\nstra\u00DFe-\u65E5\n");
 }
 
 TEST(RunChild, GivesTheExitCodeOfAFailure) {
-  ChildResult const result = RunChild(kProgram, {"-E", "false"});
+  ChildResult const result = RunChild(kProgram, {"fail"});
   EXPECT_TRUE(result.started);
-  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.exitCode, 3);
   EXPECT_EQ(result.output, "");
 }
 
@@ -29,7 +28,7 @@ TEST(RunChild, AMissingProgramDoesNotStart) {
 }
 
 TEST(BesideChild, IsEndedWhileItRuns) {
-  BesideChild child(kProgram, {"-E", "sleep", "100"});
+  BesideChild child(kProgram, {"wait"});
   ASSERT_TRUE(child.Started());
   EXPECT_TRUE(child.Kill());
   EXPECT_FALSE(child.Kill()) << "it is gone";

@@ -1,7 +1,7 @@
-#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
 #include "port/child_process.h"
+#include "port/utf16_windows.h"
 
 namespace fdo::port {
 namespace {
@@ -14,10 +14,14 @@ std::string ReadToEnd(HANDLE pipe) {
   return text;
 }
 
-std::string CommandLine(std::string const& program, std::vector<std::string> const& arguments) {
+// Begins the program; its streams are as startup says, or this process's.
+bool Begin(std::string const& program, std::vector<std::string> const& arguments, STARTUPINFOW& startup,
+           PROCESS_INFORMATION& process) {
   std::string commandLine = "\"" + program + "\"";
   for (std::string const& argument : arguments) commandLine += " \"" + argument + "\"";
-  return commandLine;
+  startup.cb = sizeof(startup);
+  return CreateProcessW(Utf16FromUtf8(program).c_str(), Utf16FromUtf8(commandLine).data(), nullptr, nullptr,
+                        TRUE, 0, nullptr, nullptr, &startup, &process) != 0;
 }
 
 }  // namespace
@@ -31,16 +35,13 @@ ChildResult RunChild(std::string const& program, std::vector<std::string> const&
   // An inherited read end would keep the pipe open for ever.
   SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
 
-  std::string commandLine = CommandLine(program, arguments);
-  STARTUPINFOA startup{};
-  startup.cb = sizeof(startup);
+  STARTUPINFOW startup{};
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
   startup.hStdOutput = writeEnd;
   startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
   PROCESS_INFORMATION process{};
-  result.started = CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                  nullptr, &startup, &process) != 0;
+  result.started = Begin(program, arguments, startup, process);
   CloseHandle(writeEnd);
   if (result.started) {
     result.output = ReadToEnd(readEnd);
@@ -55,12 +56,9 @@ ChildResult RunChild(std::string const& program, std::vector<std::string> const&
 }
 
 BesideChild::BesideChild(std::string const& program, std::vector<std::string> const& arguments) {
-  std::string commandLine = CommandLine(program, arguments);
-  STARTUPINFOA startup{};
-  startup.cb = sizeof(startup);
+  STARTUPINFOW startup{};
   PROCESS_INFORMATION process{};
-  started_ = CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                            &startup, &process) != 0;
+  started_ = Begin(program, arguments, startup, process);
   if (!started_) return;
   CloseHandle(process.hThread);
   process_ = reinterpret_cast<std::intptr_t>(process.hProcess);

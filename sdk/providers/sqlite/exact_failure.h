@@ -6,8 +6,8 @@
 
 #include <string>
 
+#include "port/live_allocations.h"
 #include "sdk/providers/sqlite/row_commands.h"
-#include "sdk/runtime/core/live_allocations.h"
 #include "sdk/runtime/core/utf8.h"
 #include "sdk/runtime/thrown.h"
 
@@ -38,10 +38,10 @@ class NothingLeaks : public testing::Test {
     fdo_sdk::MessageThrownBy<FdoException>([] { TestStore().Open(); });
   }
 
-  ~NothingLeaks() override { EXPECT_EQ(fdo_sdk::LiveAllocations(), before_) << "something leaks"; }
+  ~NothingLeaks() override { EXPECT_EQ(fdo::port::LiveAllocations(), before_) << "something leaks"; }
 
  private:
-  long long const before_ = fdo_sdk::LiveAllocations();
+  long long const before_ = fdo::port::LiveAllocations();
 };
 
 // The message of the exception that the body throws, in UTF-8. The test fails when it throws nothing, or when

@@ -10,8 +10,8 @@
 #include <string>
 
 #include "port/file.h"
+#include "port/live_allocations.h"
 #include "sdk/providers/sqlite/test_store.h"
-#include "sdk/runtime/core/live_allocations.h"
 #include "testing/failing_sqlite.h"
 
 namespace fdo_sqlite {
@@ -94,7 +94,7 @@ class FailureSweep : public testing::Test {
 
   // Whether the work comes to its end. It may throw an exception of the interface, which names the file.
   bool Runs(std::function<void()> const& work) {
-    long long const before = fdo_sdk::LiveAllocations();
+    long long const before = fdo::port::LiveAllocations();
     bool succeeded = true;
     try {
       work();
@@ -105,7 +105,7 @@ class FailureSweep : public testing::Test {
       std::wstring const message = failure->GetExceptionMessage();
       EXPECT_NE(message.find(L"store.sqlite"), std::wstring::npos) << fdo_sdk::Utf8FromWide(message);
     }
-    EXPECT_EQ(fdo_sdk::LiveAllocations(), before);
+    EXPECT_EQ(fdo::port::LiveAllocations(), before);
     return succeeded;
   }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Fdo.h"
+#include "port/dynamic_library.h"
 #include "sdk/runtime/client_services/testing/registry_in_folder.h"
 #include "sdk/runtime/thrown.h"
 
@@ -11,6 +12,10 @@ namespace fdo_sdk {
 namespace {
 
 std::wstring const kLibraries = FdoStringP(FDO_TEST_LIBRARIES).operator FdoString*();
+
+std::string FileOf(std::string const& baseName) {
+  return fdo::port::kLibraryPrefix + baseName + fdo::port::kLibrarySuffix;
+}
 
 // Every library here fails in its own way, which tells which of them was reached.
 class ConnectionManager : public RegistryInFolder {
@@ -20,6 +25,7 @@ class ConnectionManager : public RegistryInFolder {
     FdoPtr<FdoConnectionManager> manager(new Manager(registry));
     return MessageThrownBy<FdoClientServiceException>([&] { manager->CreateConnection(name.c_str()); });
   }
+  static std::wstring Wide(std::string const& text) { return FdoStringP(text.c_str()).operator FdoString*(); }
   void ExpectFailure(std::wstring const& name, std::wstring const& part) {
     std::wstring const message = Failure(name);
     EXPECT_NE(message.find(part), std::wstring::npos) << FdoStringP(message.c_str()).operator char const*();
@@ -38,14 +44,14 @@ TEST_F(ConnectionManager, UnknownNamesAreNamed) {
 TEST_F(ConnectionManager, AFolderAndABaseNameAreCompleted) {
   ExpectFailure(kLibraries + L"/fdo_test_no_entry_point", L"no entry point \"CreateConnection\"");
   ExpectFailure(kLibraries + L"/fdo_test_no_connection", L"made no connection");
-  ExpectFailure(kLibraries + L"/libfdo_test_no_connection.so", L"made no connection");
+  ExpectFailure(kLibraries + L"/" + Wide(FileOf("fdo_test_no_connection")), L"made no connection");
 }
 
 TEST_F(ConnectionManager, AFileThatIsNoLibraryIsNamed) {
-  std::filesystem::path const broken = folder_ / "libbroken.so";
+  std::filesystem::path const broken = folder_ / FileOf("broken");
   std::ofstream(broken) << "no library";
-  std::wstring const message = Failure(FdoStringP(broken.string().c_str()).operator FdoString*());
-  EXPECT_NE(message.find(L"libbroken.so"), std::wstring::npos);
+  std::wstring const message = Failure(broken.wstring());
+  EXPECT_NE(message.find(Wide(FileOf("broken"))), std::wstring::npos);
   EXPECT_NE(message.find(L"cannot be loaded"), std::wstring::npos);
 }
 
@@ -59,10 +65,14 @@ TEST_F(ConnectionManager, TheNewestVersionServesANameWithoutOne) {
     wchar_t const* part;
   };
   Case const cases[] = {
-      {L"Company.Data.3.9", L"made no connection"},   {L"Company.Data.3.10", L"no entry point"},
-      {L"Company.Data", L"no entry point"},           {L"Company.Data.3", L"no entry point"},
-      {L"Company.Data.2", L"/missing/two.so"},        {L"Company.Data.4", L"\"Company.Data.4\""},
-      {L"company.Data", L"\"company.Data\""},         {L"Company", L"\"Company\""},
+      {L"Company.Data.3.9", L"made no connection"},
+      {L"Company.Data.3.10", L"no entry point"},
+      {L"Company.Data", L"no entry point"},
+      {L"Company.Data.3", L"no entry point"},
+      {L"Company.Data.2", L"two.so"},
+      {L"Company.Data.4", L"\"Company.Data.4\""},
+      {L"company.Data", L"\"company.Data\""},
+      {L"Company", L"\"Company\""},
       {L"Company.Data.3.1", L"\"Company.Data.3.1\""},
   };
   for (Case const& c : cases) ExpectFailure(c.name, c.part);
@@ -70,13 +80,14 @@ TEST_F(ConnectionManager, TheNewestVersionServesANameWithoutOne) {
 
 TEST_F(ConnectionManager, ARelativeLibraryIsBesideTheRegistrysFile) {
   std::filesystem::create_directory(folder_ / "sub");
-  std::ofstream(folder_ / "sub" / "libNear.so") << "no library";
-  std::ofstream(folder_ / "libBeside.so") << "no library";
+  std::filesystem::path const inside = folder_ / "sub" / FileOf("Near"), beside = folder_ / FileOf("Beside");
+  std::ofstream(inside) << "no library";
+  std::ofstream(beside) << "no library";
   FdoPtr<FdoProviderRegistry> registry = Open();
   Register(registry, L"Company.Near.1.0", L"./sub/Near");
   Register(registry, L"Company.Beside.1.0", L"Beside");
-  ExpectFailure(L"Company.Near", (folder_ / "sub" / "libNear.so").wstring());
-  ExpectFailure(L"Company.Beside", (folder_ / "libBeside.so").wstring());
+  ExpectFailure(L"Company.Near", inside.wstring());
+  ExpectFailure(L"Company.Beside", beside.wstring());
 }
 
 TEST_F(ConnectionManager, AnUnregisteredProviderIsGone) {

@@ -27,8 +27,9 @@ TEST_F(ProviderRegistry, WithoutAFileItIsEmpty) {
 TEST_F(ProviderRegistry, WhatIsRegisteredIsReadBackByAnotherOne) {
   FdoPtr<FdoProviderRegistry> registry = Open();
   FdoProviderCollection const* providers = registry->GetProviders();
+  std::wstring const streetLibrary = (folder_ / "libStreet.so").wstring();
   registry->RegisterProvider(L"Company.Stra\u00DFe.1.0", L"Stra\u00DFe <& \u65E5\u672C>", L"\"a\" ]]>",
-                             L"1.0.0.0", L"4.0", L"/opt/libStreet.so", true);
+                             L"1.0.0.0", L"4.0", streetLibrary.c_str(), true);
   registry->RegisterProvider(L"Company.Path.2.0", nullptr, nullptr, nullptr, nullptr, L"sub/libPath.so",
                              false);
   EXPECT_EQ(registry->GetProviders(), providers);
@@ -43,7 +44,7 @@ TEST_F(ProviderRegistry, WhatIsRegisteredIsReadBackByAnotherOne) {
   EXPECT_STREQ(street->GetDescription(), L"\"a\" ]]>");
   EXPECT_STREQ(street->GetVersion(), L"1.0.0.0");
   EXPECT_STREQ(street->GetFeatureDataObjectsVersion(), L"4.0");
-  EXPECT_STREQ(street->GetLibraryPath(), L"/opt/libStreet.so");
+  EXPECT_STREQ(street->GetLibraryPath(), streetLibrary.c_str());
   EXPECT_TRUE(street->GetIsManaged());
   FdoPtr<FdoProvider> path = other->GetProviders()->GetItem(1);
   EXPECT_STREQ(path->GetDisplayName(), L"");

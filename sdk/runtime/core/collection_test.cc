@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "FdoCommon.h"
-#include "sdk/runtime/core/live_allocations.h"
+#include "port/live_allocations.h"
 
 namespace {
 
@@ -120,7 +120,7 @@ TEST(ReferenceCount, IsExactOnManyThreadsWhenLockingIsEnabled) {
 }
 
 TEST(Array, GrowsAndKeepsItsElements) {
-  long long const before = fdo_sdk::LiveAllocations();
+  long long const before = fdo::port::LiveAllocations();
   {
     FdoPtr<FdoIntArray> array = FdoIntArray::Create();
     EXPECT_EQ(array->GetCount(), 0);
@@ -139,7 +139,7 @@ TEST(Array, GrowsAndKeepsItsElements) {
     EXPECT_NE(reserved->GetData(), nullptr);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(reserved->GetData()) % alignof(double), 0u);
   }
-  EXPECT_EQ(fdo_sdk::LiveAllocations(), before);
+  EXPECT_EQ(fdo::port::LiveAllocations(), before);
 }
 
 TEST(Array, GrowingASharedArrayLeavesTheOthersTheirs) {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "FdoSpatial.h"
-#include "sdk/runtime/core/live_allocations.h"
+#include "port/live_allocations.h"
 #include "testing/fgf_builder.h"
 
 namespace {
@@ -22,9 +22,9 @@ constexpr int kCounted = 100;
 template <class Operation>
 double AllocationsOf(Operation operation) {
   for (int i = 0; i < kWarm; ++i) operation();
-  long long const before = fdo_sdk::AllocationsSoFar();
+  long long const before = fdo::port::AllocationsSoFar();
   for (int i = 0; i < kCounted; ++i) operation();
-  return static_cast<double>(fdo_sdk::AllocationsSoFar() - before) / kCounted;
+  return static_cast<double>(fdo::port::AllocationsSoFar() - before) / kCounted;
 }
 
 std::string LineOf(int positions) {

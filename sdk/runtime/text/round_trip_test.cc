@@ -7,7 +7,7 @@
 #include <string>
 
 #include "Fdo.h"
-#include "sdk/runtime/core/live_allocations.h"
+#include "port/live_allocations.h"
 #include "sdk/runtime/text/tree_shape.h"
 
 namespace fdo_sdk {
@@ -228,7 +228,7 @@ bool RoundTrips(FdoPtr<Node> tree) {
 
 template <class Node, class Make>
 void ExpectRoundTrips(Make make) {
-  long long const before = LiveAllocations();
+  long long const before = fdo::port::LiveAllocations();
   for (std::uint64_t seed = 0; seed < TreeCount(); ++seed) {
     Trees trees(seed);
     FdoPtr<Node> tree = make(trees, static_cast<int>(seed % 24) + 1);
@@ -241,7 +241,7 @@ void ExpectRoundTrips(Make make) {
              << static_cast<char const*>(FdoStringP(failure->GetExceptionMessage()));
     }
   }
-  EXPECT_EQ(LiveAllocations(), before);
+  EXPECT_EQ(fdo::port::LiveAllocations(), before);
 }
 
 TEST(TextRoundTrip, RandomFilters) {
@@ -262,7 +262,7 @@ TEST(TextRoundTrip, NothingIsLeftBehindWhereverATextEnds) {
   { FdoPtr<FdoFilter> whole = FdoFilter::Parse(text.c_str()); }
   for (std::size_t length = 0; length < text.size(); ++length) {
     std::wstring const part = text.substr(0, length);
-    long long const before = LiveAllocations();
+    long long const before = fdo::port::LiveAllocations();
     bool threw = false;
     try {
       FdoPtr<FdoFilter> tree = FdoFilter::Parse(part.c_str());
@@ -270,7 +270,7 @@ TEST(TextRoundTrip, NothingIsLeftBehindWhereverATextEnds) {
       FdoPtr<FdoException> failure(caught);
       threw = true;
     }
-    ASSERT_EQ(LiveAllocations(), before) << length << (threw ? " threw" : " parsed");
+    ASSERT_EQ(fdo::port::LiveAllocations(), before) << length << (threw ? " threw" : " parsed");
   }
 }
 

@@ -1,4 +1,4 @@
-#include "sdk/runtime/core/live_allocations.h"
+#include "port/live_allocations.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -25,8 +25,8 @@ void Free(void* memory) {
 
 }  // namespace
 
-long long fdo_sdk::LiveAllocations() { return live; }
-long long fdo_sdk::AllocationsSoFar() { return soFar; }
+long long fdo::port::LiveAllocations() { return live; }
+long long fdo::port::AllocationsSoFar() { return soFar; }
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
