@@ -12,7 +12,7 @@ namespace fdo_sdk {
 extern std::atomic<bool> globalLocking;
 
 inline FdoInt32 ChangeCount(FdoInt32& count, FdoInt32 change, bool locked) {
-  if (locked || globalLocking.load(std::memory_order_relaxed)) {
+  if (locked || globalLocking.load(std::memory_order_relaxed)) [[unlikely]] {
     // Whoever takes the last reference must see all that was done through the others.
     return std::atomic_ref<FdoInt32>(count).fetch_add(change, std::memory_order_acq_rel) + change;
   }
@@ -31,8 +31,10 @@ struct FdoInternal::Counting {
 
   static FdoInt32 Release(FdoIDisposable& object) {
     FdoInt32 const left = Change(object, -1);
-    if (left == 0) object.Dispose();
-    return left;
+    if (left != 0) [[likely]]
+      return left;
+    object.Dispose();
+    return 0;
   }
 
   // An object that ended and that nobody holds begins again, with one reference and without locking.

@@ -3,10 +3,12 @@
 #define SDK_RUNTIME_GEOMETRY_FGF_BOX_H_
 
 #include <limits>
+#include <type_traits>
 
 namespace fdo_sdk {
 
-// Starts empty, which is inverted. An ordinate that is NaN never enters it.
+// Starts empty, which is inverted. An ordinate that is NaN never enters it. Settled, it is what an envelope
+// gives out: whatever is not there is NaN, which every question takes as empty too.
 struct FgfBox {
   double minX = std::numeric_limits<double>::infinity();
   double minY = std::numeric_limits<double>::infinity();
@@ -38,6 +40,17 @@ struct FgfBox {
     maxZ = other.maxZ > maxZ ? other.maxZ : maxZ;
   }
 
+  // Nothing can be added to a settled box.
+  FgfBox Settled() const {
+    constexpr double kNotSet = std::numeric_limits<double>::quiet_NaN();
+    FgfBox settled = *this;
+    if (!HasZ()) settled.minZ = settled.maxZ = kNotSet;
+    if (IsEmpty()) settled = {kNotSet, kNotSet, kNotSet, kNotSet, kNotSet, kNotSet};
+    return settled;
+  }
+  // All six, in their order.
+  double const* Ordinates() const { return &minX; }
+
   // In X and Y, edges included. Both are false where either box is empty.
   bool Intersects(FgfBox const& other) const {
     return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;
@@ -52,6 +65,9 @@ struct FgfBox {
            other.maxY < maxY;
   }
 };
+
+static_assert(std::is_standard_layout_v<FgfBox> && sizeof(FgfBox) == 6 * sizeof(double),
+              "the members are read as the ordinates of an envelope");
 
 }  // namespace fdo_sdk
 

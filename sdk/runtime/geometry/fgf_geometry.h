@@ -23,10 +23,11 @@ class FgfBacked {
  public:
   FgfBacked(FgfBytes&& bytes, FgfScan const& scan) : bytes_(std::move(bytes)), scan_(scan) {
     bytes_.size = static_cast<std::size_t>(scan.size);
+    scan_.box = scan.box.Settled();
   }
 
   FgfBytes const& Bytes() const { return bytes_; }  // exactly those of the geometry
-  FgfScan const& Scan() const { return scan_; }
+  FgfScan const& Scan() const { return scan_; }     // its box is settled
   // Of no other geometry that this process makes.
   // Threads: any.
   std::uint64_t Serial() const;
@@ -35,7 +36,8 @@ class FgfBacked {
   virtual ~FgfBacked() = default;
 
   // Makes another geometry of this one.
-  // Requires: this and the bytes are points in XY, the bytes are borrowed, and nobody holds this.
+  // Requires: this and the bytes are points in XY that are somewhere, the bytes are borrowed, and nobody
+  // holds this.
   void BecomePoint(FdoByte const* bytes, double x, double y) {
     bytes_.data = bytes;
     scan_.box.minX = scan_.box.maxX = x;
@@ -61,7 +63,7 @@ template <class Interface>
 class FgfGeometry : public Interface, public FgfBacked {
  public:
   FgfGeometry(FgfBytes&& bytes, FgfScan const& scan)
-      : FgfBacked(std::move(bytes), scan), envelope_(*this, scan.box) {}
+      : FgfBacked(std::move(bytes), scan), envelope_(*this, Scan().box) {}
 
   FdoIEnvelope* GetEnvelope() const override {
     envelope_.AddRef();
@@ -78,11 +80,8 @@ class FgfGeometry : public Interface, public FgfBacked {
  protected:
   void Dispose() override { delete this; }
 
-  void BecomePoint(FdoByte const* bytes, double x, double y) {
-    FgfBacked::BecomePoint(bytes, x, y);
-    envelope_.BecomePoint(x, y);
-    text_.reset();
-  }
+  bool HasText() const { return text_ != nullptr; }
+  void ForgetText() { text_.reset(); }
 
  private:
   mutable EmbeddedEnvelope envelope_;  // mutable for its count, which is this object's

@@ -23,8 +23,8 @@ FgfScan ScanFgf(FdoByte const* bytes, std::size_t size);
 inline constexpr std::size_t kPointXyBytes = kPointHead + PositionBytes(FdoDimensionality_XY);
 
 inline bool IsPointXy(FdoByte const* bytes, std::size_t size) {
-  return bytes != nullptr && size >= kPointXyBytes && Load<FdoInt32>(bytes) == FdoGeometryType_Point &&
-         Load<FdoInt32>(bytes + sizeof(FdoInt32)) == FdoDimensionality_XY;
+  constexpr FdoInt32 kHead[] = {FdoGeometryType_Point, FdoDimensionality_XY};
+  return size >= kPointXyBytes && bytes != nullptr && std::memcmp(bytes, kHead, sizeof(kHead)) == 0;
 }
 
 // Requires: IsPointXy of the bytes.

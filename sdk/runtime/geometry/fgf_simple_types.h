@@ -9,7 +9,7 @@ namespace fdo_sdk {
 
 class FgfPoint final : public FgfGeometry<FdoIPoint> {
  public:
-  using FgfGeometry::FgfGeometry;
+  FgfPoint(FgfBytes&& bytes, FgfScan const& scan);
 
   FdoIDirectPosition* GetPosition() const override;
   void GetPositionByMembers(double* x, double* y, double* z, double* m,
@@ -27,6 +27,7 @@ class FgfPoint final : public FgfGeometry<FdoIPoint> {
   PositionSpan Position() const { return {Bytes().data + kPointHead, 1, Scan().dimensionality}; }
 
   LentOrdinates lent_;
+  bool const isPlain_;  // in XY and of borrowed bytes
 };
 
 class FgfLineString final : public FgfGeometry<FdoILineString> {

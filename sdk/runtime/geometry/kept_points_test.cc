@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include "FdoSpatial.h"
@@ -71,6 +72,22 @@ TEST(KeptPoints, AnEnvelopeKeepsItsPointFromBeingMadeAnother) {
   FdoPtr<FdoIPoint> other = Borrowing(second);
   EXPECT_EQ(box->GetMinX(), 1);
   EXPECT_EQ(FdoPtr<FdoIEnvelope>(other->GetEnvelope())->GetMinX(), 30);
+}
+
+TEST(KeptPoints, PointsThatLiveTogetherAreApart) {
+  for (int count : {2, 3, 16, 17, 40}) {
+    for (int round = 0; round < 3; ++round) {
+      std::vector<Bytes> bytes;
+      for (int i = 0; i < count; ++i) bytes.push_back(Fgf("POINT (" + std::to_string(i) + " 7)"));
+      std::vector<FdoPtr<FdoIPoint>> points;
+      for (Bytes const& each : bytes) points.push_back(Borrowing(each));
+      for (int i = 0; i < count; ++i) {
+        FdoPtr<FdoIEnvelope> box = points[static_cast<std::size_t>(i)]->GetEnvelope();
+        ASSERT_EQ(box->GetMinX(), i) << count << " points";
+        ASSERT_EQ(box->GetMaxY(), 7) << count << " points";
+      }
+    }
+  }
 }
 
 // The constant of a filter is remembered from row to row: a point that looks like one before must not be

@@ -29,6 +29,7 @@ class LentOrdinates {
   // A copy of two stretches, one after the other.
   double const* Of(PositionSpan const& first, PositionSpan const& rest);
 
+  bool HasLent() const { return copy_ != nullptr; }
   // What was lent is gone.
   void Forget() { copy_.reset(); }
 
