@@ -220,7 +220,7 @@ std::vector<Operation> Operations() {
        {End::kLine, End::kThrows}},
       {"Update by id",
        [](TableFdo& table, Row const& row) {
-         return std::string(table.Update(row, __int64{7}) ? "updated" : "not updated");
+         return std::string(table.Update(row, std::int64_t{7}) ? "updated" : "not updated");
        },
        "updated",
        {"not updated"},
@@ -232,7 +232,7 @@ std::vector<Operation> Operations() {
        {End::kLine, End::kThrows}},
       {"Delete by id",
        [](TableFdo& table, Row const&) {
-         return std::string(table.Delete(__int64{7}) ? "deleted" : "not deleted");
+         return std::string(table.Delete(std::int64_t{7}) ? "deleted" : "not deleted");
        },
        "deleted",
        {"not deleted"},
@@ -242,7 +242,7 @@ std::vector<Operation> Operations() {
          table.BeginWrite();
          std::string results;
          for (int i = 0; i < 3; ++i) results += table.Insert(row, nullptr, true) ? "i" : "-";
-         for (int i = 0; i < 2; ++i) results += table.Update(row, __int64{7}) ? "u" : "-";
+         for (int i = 0; i < 2; ++i) results += table.Update(row, std::int64_t{7}) ? "u" : "-";
          table.CommitWrite();
          return results;
        },

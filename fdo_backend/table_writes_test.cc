@@ -93,7 +93,7 @@ TEST_F(TableFdoInsert, GivesTheIdentityThatTheStoreReports) {
   Case const cases[] = {
       {L"id:Int16 name:String n:Int32", FdoDataType_Int16, -5, -5},
       {L"id:Int32 name:String n:Int32", FdoDataType_Int32, 2147483647, 2147483647},
-      {L"id:Int64 name:String n:Int32", FdoDataType_Int64, std::int64_t{1} << 40, __int64{1} << 40},
+      {L"id:Int64 name:String n:Int32", FdoDataType_Int64, std::int64_t{1} << 40, std::int64_t{1} << 40},
       {L"id:String name:String n:Int32", FdoDataType_String, L"seven", 0},
   };
   for (Case const& test : cases) {
@@ -189,7 +189,7 @@ TEST_F(TableFdoUpdate, ByIdIsExactlyOne) {
   };
   for (Case const& test : {Case{0, false}, Case{1, true}, Case{2, false}}) {
     recorder_->answers.updated = test.updated;
-    EXPECT_EQ(Parcels().Update(MakeRow(7, L"High", 4), __int64{7}), test.result) << test.updated;
+    EXPECT_EQ(Parcels().Update(MakeRow(7, L"High", 4), std::int64_t{7}), test.result) << test.updated;
     EXPECT_NE(Log().find("update 3 class=parcels filter=id = 7 values=[name='High',n=4]\n"),
               std::string::npos);
   }
@@ -199,8 +199,8 @@ TEST_F(TableFdoUpdate, ByAnUnsupportedIdReachesEveryRecord) {
   Open(L"id:String name:String n:Int32");
   recorder_->answers.updated = 1;
   recorder_->answers.removed = 3;
-  EXPECT_TRUE(Parcels().Update(MakeRow(Value(), L"High", 4), __int64{7}));
-  EXPECT_TRUE(Parcels().Delete(__int64{7}));
+  EXPECT_TRUE(Parcels().Update(MakeRow(Value(), L"High", 4), std::int64_t{7}));
+  EXPECT_TRUE(Parcels().Delete(std::int64_t{7}));
   EXPECT_EQ(Log(),
             "make 1\n"
             "make 3\n"
@@ -237,8 +237,8 @@ TEST_F(TableFdoUpdate, ByIdGoesThroughTheFormByFilter) {
     int deletes = 0;
   };
   Counting table(connection_, &def_, false);
-  EXPECT_TRUE(table.Update(MakeRow(7, L"High", 4), __int64{7}));
-  EXPECT_TRUE(table.Delete(__int64{7}));
+  EXPECT_TRUE(table.Update(MakeRow(7, L"High", 4), std::int64_t{7}));
+  EXPECT_TRUE(table.Delete(std::int64_t{7}));
   EXPECT_EQ(table.updates, 1);
   EXPECT_EQ(table.deletes, 1);
 }
@@ -258,7 +258,7 @@ TEST_F(TableFdoDelete, KeepsItsCommandInEveryCase) {
 TEST_F(TableFdoDelete, ByIdIsAtLeastOne) {
   for (int const removed : {0, 1, 2}) {
     recorder_->answers.removed = removed;
-    EXPECT_EQ(Parcels().Delete(__int64{7}), removed > 0);
+    EXPECT_EQ(Parcels().Delete(std::int64_t{7}), removed > 0);
     EXPECT_NE(Log().find("delete 2 class=parcels filter=id = 7\n"), std::string::npos);
   }
 }
@@ -285,7 +285,7 @@ int Occurrences(std::string const& text, std::string const& word) {
 TEST_F(TableFdoWrites, ABatchMakesOneCommandOfAKind) {
   Parcels().BeginWrite();
   for (int i = 0; i < 1000; ++i) Parcels().Insert(MakeRow(Value(), L"High", i), nullptr, kStoreMakesId);
-  for (int i = 0; i < 10; ++i) Parcels().Update(MakeRow(Value(), L"High", i), __int64{7});
+  for (int i = 0; i < 10; ++i) Parcels().Update(MakeRow(Value(), L"High", i), std::int64_t{7});
   std::string const batch = Log();
   EXPECT_EQ(Occurrences(batch, "make 1\n"), 1);
   EXPECT_EQ(Occurrences(batch, "insert 1"), 1000);
@@ -293,7 +293,7 @@ TEST_F(TableFdoWrites, ABatchMakesOneCommandOfAKind) {
   EXPECT_EQ(Occurrences(batch, "update 3"), 10);
   Parcels().CommitWrite();
   Parcels().Insert(MakeRow(Value(), L"High", 4), nullptr, kStoreMakesId);
-  Parcels().Update(MakeRow(Value(), L"High", 4), __int64{7});
+  Parcels().Update(MakeRow(Value(), L"High", 4), std::int64_t{7});
   EXPECT_EQ(Log(),
             "make 1\n"
             "insert 1 class=parcels values=[id=NULL,name='High',n=4]\n"

@@ -122,7 +122,7 @@ __int64 TableOgr::Update(Row const& row, FdoFilter* /*filter*/) {
     bool const done = gdal_.OGR_L_SetFeature(layer_, feature) == kOgrErrNone;
     gdal_.OGR_F_Destroy(feature);
     if (!done) Remember(scope);
-    return done ? __int64{1} : kFailed;
+    return done ? std::int64_t{1} : kFailed;
   });
 }
 
