@@ -9,31 +9,17 @@
 #include <functional>
 #include <string>
 
-#include "port/file.h"
 #include "port/live_allocations.h"
 #include "sdk/providers/sqlite/test_store.h"
-#include "testing/failing_sqlite.h"
+#include "testing/sqlite_faults.h"
 
 namespace fdo_sqlite {
 
-// With QUILLON_EVERY_FAILURE set every call fails in turn; otherwise every step-th.
-struct FaultCase {
-  char const* name;
-  fdo::SqliteFault fault;
-  bool lasting;
-  int step;
-};
-inline constexpr FaultCase kFaults[] = {
-    {"disk", fdo::SqliteFault::kDisk, false, 2},
-    {"broken disk", fdo::SqliteFault::kDisk, true, 5},
-    {"full disk", fdo::SqliteFault::kFullDisk, false, 1},
-    {"disk stays full", fdo::SqliteFault::kFullDisk, true, 3},
-    {"memory", fdo::SqliteFault::kMemory, false, 17},
-};
+using fdo::FaultCase;
+using fdo::kFaults;
 
 inline int ForEach(fdo::FailingSqlite& sqlite, FaultCase const& row, std::function<void()> const& body) {
-  bool const every = !fdo::port::EnvironmentVariable("QUILLON_EVERY_FAILURE").empty();
-  return fdo::ForEachFailure(sqlite, row.fault, body, row.lasting, every ? 1 : row.step);
+  return fdo::ForEachFailure(sqlite, row.fault, body, row.lasting, fdo::StepOf(row));
 }
 
 class FailureSweep : public testing::Test {
