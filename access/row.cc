@@ -34,7 +34,8 @@ Row& Row::operator=(Row const& other) {
 Row::~Row() { delete[] values_; }
 
 void Row::Invalidate() {
-  for (int i = 0; i < def_->ColumnCount(); ++i) values_[i].Invalidate();
+  int const count = def_->ColumnCount();
+  for (int i = 0; i < count; ++i) values_[i].Invalidate();
 }
 
 void Row::Fetch(Value& cell, int column) const { table_->FetchCurrentValue(cell, column); }

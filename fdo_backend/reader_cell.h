@@ -6,20 +6,16 @@
 #include <fdo/schema.h>
 #include <fdo/value.h>
 
+#include "fdo_backend/date_texts.h"
 #include "port/inlining.h"
-#include "values/date_text.h"
 
 namespace fdo::internal {
 
 // Apart from the rest, whose frame stays small so.
 template <class Key>
-QUILLON_NEVER_INLINE void ReadDateTime(FdoIFeatureReader& reader, Key property, Value& cell) {
-  wchar_t text[kDateTextSize];
-  if (FormatDateTime(reader.GetDateTime(property), text) > 0) {
-    cell.Reset(text, /*copy=*/true);
-  } else {
-    cell.Reset();
-  }
+QUILLON_NEVER_INLINE void ReadDateTime(FdoIFeatureReader& reader, Key property, DateTexts& texts, int column,
+                                       Value& cell) {
+  texts.Write(reader.GetDateTime(property), column, cell);
 }
 
 template <class Key>
@@ -36,11 +32,11 @@ QUILLON_NEVER_INLINE void ReadLargeObject(FdoIFeatureReader& reader, Key propert
   cell.Reset(count > 0 ? bytes->GetData() : &kNoBytes, count, /*copy=*/true);
 }
 
-// Key is a position or a name. Text and geometry are borrowed from the reader.
-// Errors: what the reader throws.
+// Key is a position or a name, column the place of the cell in its row. Text and geometry are borrowed from
+// the reader. Errors: what the reader throws.
 template <class Key>
 QUILLON_ALWAYS_INLINE void ReadCell(FdoIFeatureReader& reader, Key property, ColumnDef::DataType type,
-                                    Value& cell) {
+                                    DateTexts& dateTexts, int column, Value& cell) {
   if (reader.IsNull(property)) {
     cell.Reset();
     return;
@@ -56,7 +52,7 @@ QUILLON_ALWAYS_INLINE void ReadCell(FdoIFeatureReader& reader, Key property, Col
     case ColumnDef::kByte:
       return cell.Reset(static_cast<int>(reader.GetByte(property)));
     case ColumnDef::kDateTime:
-      return ReadDateTime(reader, property, cell);
+      return ReadDateTime(reader, property, dateTexts, column, cell);
     case ColumnDef::kDecimal:  // readers have no getter of its own for it
     case ColumnDef::kDouble:
       return cell.Reset(reader.GetDouble(property));

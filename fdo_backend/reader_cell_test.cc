@@ -142,6 +142,54 @@ TEST_F(ReaderCell, ACopiedCellSurvivesTheNextRow) {
   EXPECT_EQ(copy.Type(), Value::kString);
 }
 
+// A date's text is the cell's own, and the next row's takes its memory: a scan allocates once for a column.
+TEST_F(ReaderCell, TheTextsOfDatesFollowEachOther) {
+  ForEveryWay([&](Access access, bool desired) {
+    Rows() = recording_provider::Rows({Data(L"c", FdoDataType_DateTime), Data(L"d", FdoDataType_DateTime)});
+    Cell const late = DateTime(2024, 3, 1, 14, 30, 5.25f);
+    Cell const day = DateTime(2024, 3, 1, -1, -1, 0);
+    Cell const none = DateTime(-1, -1, -1, -1, -1, 0);
+    Cell const longest = DateTime(2024, 3, 1, 14, 30, 3e38f);
+    Rows().Add({late, day}).Add({day, nullptr}).Add({none, late}).Add({late, late}).Add({longest, day});
+    wchar_t const* const expected[][2] = {{L"2024-03-01T14:30:05.250", L"2024-03-01"},
+                                          {L"2024-03-01", nullptr},
+                                          {nullptr, L"2024-03-01T14:30:05.250"},
+                                          {L"2024-03-01T14:30:05.250", L"2024-03-01T14:30:05.250"},
+                                          {nullptr, L"2024-03-01"}};
+    Open(L"c:DateTime d:DateTime", access);
+    int const columns[] = {0, 1};
+    if (desired) Parcels().SetDesiredFields(columns, 2);
+    Parcels().Query();
+    wchar_t const* addresses[2] = {};
+    Value copy;
+    int const rows = static_cast<int>(std::size(expected));
+    for (int r = 0; r < rows; ++r) {
+      Row const* const row = Parcels().Next();
+      ASSERT_NE(row, nullptr);
+      for (int const column : columns) {
+        SCOPED_TRACE(r * 10 + column);
+        Value const& cell = (*row)[column];
+        wchar_t const* const text = cell;
+        if (r == rows - 1 && column == 0) {
+          EXPECT_EQ(std::wstring(text).size(), 60u);
+        } else if (expected[r][column] == nullptr) {
+          EXPECT_TRUE(cell.IsNull());
+          continue;
+        } else {
+          EXPECT_STREQ(text, expected[r][column]);
+        }
+        EXPECT_EQ(cell.Type(), Value::kString);
+        if (addresses[column] == nullptr) addresses[column] = text;
+        EXPECT_EQ(text, addresses[column]);
+        if (r == 0) copy = cell;
+      }
+    }
+    EXPECT_NE(addresses[0], addresses[1]);
+    EXPECT_EQ(Parcels().Next(), nullptr);
+    EXPECT_STREQ(copy, L"2024-03-01");
+  });
+}
+
 // A provider whose column has another type than the definition says.
 TEST_F(ReaderCell, AFailedFetchIsALineAndAnUndefinedCell) {
   ForEveryWay([&](Access access, bool desired) {

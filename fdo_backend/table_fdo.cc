@@ -13,7 +13,11 @@
 namespace fdo {
 
 TableFdo::TableFdo(FdoIConnection* connection, TableDef const* def, bool accessByName)
-    : Table(def), row_(this), accessByName_(accessByName), connection_(FDO_SAFE_ADDREF(connection)) {
+    : Table(def),
+      row_(this),
+      dateTexts_(std::make_unique<internal::DateTexts>()),
+      accessByName_(accessByName),
+      connection_(FDO_SAFE_ADDREF(connection)) {
   // Asking for the cell fetches it, which needs the members: without a reader it stays undefined.
   if (def->ColumnCount() > 0) cells_ = &row_[0];
 }
@@ -34,6 +38,7 @@ Row const* TableFdo::Next() {
       row_.Invalidate();
       return nullptr;
     }
+    dateTexts_->TakeBack(cells_);
     if (shown_.positions.empty()) {
       row_.Invalidate();
     } else {
@@ -50,7 +55,7 @@ void TableFdo::ConvertValue(Value& cell, int column) const {
   ColumnDef const& definition = (*def_)[column];
   bool const converted = AtBoundary(false, [&] {
     if (accessByName_) {
-      internal::ReadCell(*reader_, definition.Name(), definition.Type(), cell);
+      internal::ReadCell(*reader_, definition.Name(), definition.Type(), *dateTexts_, column, cell);
       return true;
     }
     FdoInt32 const position =
@@ -58,7 +63,7 @@ void TableFdo::ConvertValue(Value& cell, int column) const {
     if (position < 0) {
       cell.Invalidate();
     } else {
-      internal::ReadCell(*reader_, position, definition.Type(), cell);
+      internal::ReadCell(*reader_, position, definition.Type(), *dateTexts_, column, cell);
     }
     return true;
   });

@@ -20,6 +20,7 @@ class FdoIUpdate;
 namespace fdo {
 
 namespace internal {
+class DateTexts;
 class InsertValues;
 }
 
@@ -129,6 +130,7 @@ class QUILLON_EXPORT TableFdo : public Table {
 
   Row row_;                 // the current record
   Value* cells_ = nullptr;  // of row_; null without columns
+  std::unique_ptr<internal::DateTexts> dateTexts_;
   // What a restriction to some columns says; both empty: all columns.
   struct DesiredFields {
     std::vector<FdoInt32> positions;  // of each column in the list that was given, or -1

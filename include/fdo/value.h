@@ -219,8 +219,8 @@ class QUILLON_EXPORT Value {
   static constexpr std::uint64_t kCodeMask = 15;
   static constexpr int kKindMask = 7;  // the code without the borrowed flag
 
-  // Whether the first word can stand for memory of this value's: owned text or bytes, or a text cache.
-  bool MayOwnMemory() const { return word_ > kDouble; }
+  // Whether the first word stands for memory of this value's: owned text or bytes, or a text cache.
+  bool MayOwnMemory() const { return word_ > kDouble && (word_ & kBorrowed) == 0; }
   // Frees what this value owns; the fields keep their old bits.
   void Release();
 

@@ -129,6 +129,19 @@ TEST(ParseDateText, RefusesAllElse) {
   EXPECT_EQ(Read(std::string("2024-03-01\0", 11)), "-");
 }
 
+// The usual form has a way of its own, which a blank behind it leads past.
+TEST(ParseDateText, TheUsualFormReadsAsAnyOther) {
+  for (std::string const usual : {"2024-03-01T14:30:05", "9999-12-31 23:59:60", "0000-01-01T00:00:00"}) {
+    for (std::size_t at = 0; at < usual.size(); ++at) {
+      for (int unit = 0; unit < 256; ++unit) {
+        std::string text = usual;
+        text[at] = static_cast<char>(unit);
+        EXPECT_EQ(Read(text), Read(text + " ")) << text;
+      }
+    }
+  }
+}
+
 TEST(DateText, RandomDatesReadBackTheSame) {
   constexpr unsigned kSeed = 20261121;
   std::mt19937 random(kSeed);
