@@ -177,7 +177,7 @@ class ResultCursor {
     return cell;
   }
 
-  void ReadCell(Cell& cell, FdoInt32 index) {
+  void ReadCell(Cell& cell, [[maybe_unused]] FdoInt32 index) {
     // What a connection that is closed had there is gone.
     bool const isCutOff = statement_.IsPrepared() && statement_.Handle() == nullptr;
     if (buffers_.locatedRow != buffers_.row || isCutOff) LocateValues();
