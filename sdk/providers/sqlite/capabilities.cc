@@ -26,7 +26,7 @@ class ConnectionCapabilities : public FdoIConnectionCapabilities {
   bool SupportsTransactions() override { return true; }
   bool SupportsSavePoint() override { return true; }
   bool SupportsLongTransactions() override { return false; }
-  bool SupportsSQL() override { return false; }
+  bool SupportsSQL() override { return true; }
   bool SupportsConfiguration() override { return false; }
   bool SupportsMultipleSpatialContexts() override { return true; }
   bool SupportsCSysWKTFromCSysName() override { return false; }

@@ -21,9 +21,12 @@ std::vector<CommandOfType> const& Commands() {
       {FdoCommandType_DescribeSchema, &MakeDescribeSchema},
       {FdoCommandType_ApplySchema, &MakeApplySchema},
       {FdoCommandType_CreateSpatialContext, &MakeCreateSpatialContext},
+      {FdoCommandType_DestroySpatialContext, &MakeDestroySpatialContext},
       {FdoCommandType_GetSpatialContexts, &MakeGetSpatialContexts},
+      {FdoCommandType_SQLCommand, &MakeSqlCommand},
       {FdoCommandType_CreateDataStore, &MakeCreateDataStore},
       {FdoCommandType_DestroyDataStore, &MakeDestroyDataStore},
+      {FdoCommandType_ListDataStores, &MakeListDataStores},
       {FdoCommandType_GetSchemaNames, &MakeGetSchemaNames},
       {FdoCommandType_GetClassNames, &MakeGetClassNames},
   };

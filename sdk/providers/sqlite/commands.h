@@ -26,9 +26,12 @@ FdoICommand* MakeApplySchema(Connection* connection);
 FdoICommand* MakeGetSchemaNames(Connection* connection);
 FdoICommand* MakeGetClassNames(Connection* connection);
 FdoICommand* MakeCreateSpatialContext(Connection* connection);
+FdoICommand* MakeDestroySpatialContext(Connection* connection);
 FdoICommand* MakeGetSpatialContexts(Connection* connection);
 FdoICommand* MakeCreateDataStore(Connection* connection);
 FdoICommand* MakeDestroyDataStore(Connection* connection);
+FdoICommand* MakeListDataStores(Connection* connection);
+FdoICommand* MakeSqlCommand(Connection* connection);
 
 }  // namespace fdo_sqlite
 

@@ -207,6 +207,7 @@ TEST(Connection, CapabilitiesAreAllThere) {
   FdoPtr<FdoITopologyCapabilities> topology = connection->GetTopologyCapabilities();
   FdoPtr<FdoIGeometryCapabilities> geometry = connection->GetGeometryCapabilities();
   EXPECT_TRUE(own->SupportsTransactions());
+  EXPECT_TRUE(own->SupportsSQL());
   EXPECT_FALSE(rasters->SupportsRaster());
   EXPECT_FALSE(topology->SupportsTopology());
   FdoInt32 count = 0;

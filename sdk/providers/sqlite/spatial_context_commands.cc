@@ -40,6 +40,12 @@ std::int64_t FreeSrid(std::vector<SpatialContext> const& present, AuthorityName 
   return srid;
 }
 
+std::vector<SpatialContext>::const_iterator FindContext(std::vector<SpatialContext> const& contexts,
+                                                        std::wstring const& name) {
+  return std::find_if(contexts.begin(), contexts.end(),
+                      [&name](SpatialContext const& context) { return context.name == name; });
+}
+
 class CreateSpatialContext : public CommandBase<FdoICreateSpatialContext> {
  public:
   using CommandBase<FdoICreateSpatialContext>::CommandBase;
@@ -83,8 +89,7 @@ void CreateSpatialContext::Execute() {
   connection_.p->SettleWrites();
   std::vector<SpatialContext> const present = Schema().SpatialContexts();
   std::wstring const name = static_cast<FdoString*>(name_);
-  auto const existing = std::find_if(present.begin(), present.end(),
-                                     [&name](SpatialContext const& context) { return context.name == name; });
+  auto const existing = FindContext(present, name);
   if (existing != present.end() && !updateExisting_) {
     throw FdoCommandException::Create((L"There is a spatial context \"" + name + L"\" already.").c_str());
   }
@@ -92,9 +97,7 @@ void CreateSpatialContext::Execute() {
   Write(database, present, existing == present.end() ? nullptr : &*existing);
   Schema().Forget();
   std::vector<SpatialContext> const& written = Schema().SpatialContexts();
-  bool const isThere = std::any_of(written.begin(), written.end(),
-                                   [&name](SpatialContext const& context) { return context.name == name; });
-  if (!isThere) {
+  if (FindContext(written, name) == written.end()) {
     Schema().Forget();
     std::wstring const message = L"The name \"" + name +
                                  L"\" of a spatial context cannot be kept without UseFdoMetadata=TRUE; it "
@@ -127,6 +130,42 @@ void CreateSpatialContext::Write(Database& database, std::vector<SpatialContext>
     UpdateMetadata(database, kSpatialRefSys, values, "srid = " + std::to_string(srid));
   }
 }
+
+class DestroySpatialContext : public CommandBase<FdoIDestroySpatialContext> {
+ public:
+  using CommandBase<FdoIDestroySpatialContext>::CommandBase;
+
+  FdoString* GetName() override { return name_; }
+  void SetName(FdoString* value) override { name_ = value; }
+
+  // A context that a geometric property has stays.
+  void Execute() override {
+    Database& database = OpenedDatabase();
+    connection_.p->SettleWrites();
+    std::wstring const name = static_cast<FdoString*>(name_);
+    std::vector<SpatialContext> const present = Schema().SpatialContexts();
+    auto const found = FindContext(present, name);
+    if (found == present.end()) {
+      throw FdoCommandException::Create((L"There is no spatial context \"" + name + L"\".").c_str());
+    }
+    for (StoreClassPtr const& storeClass : Schema().Classes()) {
+      for (StoreColumn const& column : storeClass->columns) {
+        if (column.spatialContext != name) continue;
+        std::wstring const message = L"The spatial context \"" + name +
+                                     L"\" cannot be removed: the property \"" + column.name + L"\" of \"" +
+                                     storeClass->name + L"\" has it.";
+        throw FdoCommandException::Create(message.c_str());
+      }
+    }
+    ChangeScope change(database);
+    database.Execute("DELETE FROM spatial_ref_sys WHERE srid = " + std::to_string(found->srid));
+    Schema().Forget();
+    change.Finish();
+  }
+
+ private:
+  FdoStringP name_;
+};
 
 class SpatialContextReader : public FdoISpatialContextReader {
  public:
@@ -191,6 +230,9 @@ class GetSpatialContexts : public CommandBase<FdoIGetSpatialContexts> {
 }  // namespace
 
 FdoICommand* MakeCreateSpatialContext(Connection* connection) { return new CreateSpatialContext(connection); }
+FdoICommand* MakeDestroySpatialContext(Connection* connection) {
+  return new DestroySpatialContext(connection);
+}
 FdoICommand* MakeGetSpatialContexts(Connection* connection) { return new GetSpatialContexts(connection); }
 
 }  // namespace fdo_sqlite

@@ -59,6 +59,36 @@ TEST_F(StoreFailure, WriteBatchesAreSettledWholeOrNotAtAll) {
       "SELECT group_concat(Id) FROM Roads");
 }
 
+TEST_F(StoreFailure, StatementsTakeEffectWholeOrNotAtAll) {
+  Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY)");
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoISQLCommand> command = Make<FdoISQLCommand>(connection, FdoCommandType_SQLCommand);
+        command->SetSQLStatement(L"INSERT INTO Roads VALUES (1), (2), (3)");
+        command->ExecuteNonQuery();
+        connection->Close();
+      },
+      "SELECT group_concat(Id) FROM Roads");
+}
+
+TEST_F(StoreFailure, StatementsReadAllOrThrow) {
+  Begin(
+      "CREATE TABLE Roads (Id INTEGER PRIMARY KEY, Name TEXT); INSERT INTO Roads VALUES (1, 'a'), (2, 'b')");
+  SweepReading([this] {
+    FdoPtr<Connection> connection = store_.Open();
+    FdoPtr<FdoISQLCommand> command = Make<FdoISQLCommand>(connection, FdoCommandType_SQLCommand);
+    command->SetSQLStatement(L"SELECT Name, count(*) OVER () FROM Roads ORDER BY Name");
+    FdoPtr<FdoISQLDataReader> reader = command->ExecuteReader();
+    std::string rows;
+    while (reader->ReadNext()) {
+      rows += fdo_sdk::Utf8FromWide(reader->GetString(FdoInt32{0})) +
+              std::to_string(reader->GetInt64(FdoInt32{1}));
+    }
+    return rows;
+  });
+}
+
 TEST_F(StoreFailure, NewFilesAreMadeWholeOrNotAtAll) {
   auto const work = [this] {
     FdoPtr<Connection> connection(new Connection());
