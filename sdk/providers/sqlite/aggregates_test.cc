@@ -109,6 +109,17 @@ TEST_F(Aggregates, CountsAreInt64) {
   EXPECT_EQ(Row(), L"4L|3L|3L");
 }
 
+// SQLite looks at the pattern that is bound to a statement by preparing it anew, each time.
+TEST_F(Aggregates, OfWhatIsLikeAPattern) {
+  Compute(L"TheCount", L"Count()");
+  for (int time = 0; time < 3; ++time) {
+    select_->SetFilter(L"land LIKE 'D%'");
+    EXPECT_EQ(Row(), L"2L");
+    select_->SetFilter(L"land LIKE 'C%'");
+    EXPECT_EQ(Row(), L"1L");
+  }
+}
+
 TEST_F(Aggregates, SpatialExtentsAreARectangleFromTheLeastCorner) {
   Compute(L"Extents", L"SpatialExtents(shape)");
   Compute(L"TheCount", L"Count()");

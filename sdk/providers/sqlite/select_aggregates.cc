@@ -83,6 +83,7 @@ class SelectAggregates : public SelectAggregatesBase {
   FdoIDataReader* Execute() override {
     Database& database = OpenedDatabase();
     while (true) {
+      Database::ReadHold const hold(database);
       StoreClassPtr const storeClass = Schema().Class(className_);
       std::uint32_t const version = DataVersion(database);
       SqlScope scope = ScopeOf(*storeClass, parameters_);
@@ -96,8 +97,10 @@ class SelectAggregates : public SelectAggregatesBase {
         sql.Add(Joined(values), 0);
       }
       ResultCursor cursor(PrepareBound(database, sql, L"read"), selected.Shape()->columns, nullptr);
-      // What was learned before the query is true of it, unless somebody has written in between.
-      if (!cursor.WasPreparedAnew() && DataVersion(database) == version) {
+      // What was learned before the query is true of it, unless somebody has written in between. SQLite also
+      // prepares a statement anew to look at a pattern that is bound to it.
+      bool const isAsItWas = !cursor.WasPreparedAnew() && DataVersion(database) == version;
+      if (isAsItWas || Schema().Class(className_) == storeClass) {
         return new fdo_provider::ReadsByName<DataReader>(connection_, std::move(cursor));
       }
     }
