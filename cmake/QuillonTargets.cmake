@@ -102,6 +102,16 @@ function(use_recording_provider test)
     ENVIRONMENT "FDO_PROVIDERS_FOLDER=${PROJECT_BINARY_DIR}/recording_registry")
 endfunction()
 
+# Tests that are all about files of GDAL. They link quillon_ogr_test_files.
+function(skip_without_gdal)
+  foreach(test IN LISTS ARGN)
+    if(TARGET ${test})
+      target_sources(${test} PRIVATE "${PROJECT_SOURCE_DIR}/ogr_backend/skip_without_gdal.cc")
+      set_tests_properties(${test} PROPERTIES SKIP_REGULAR_EXPRESSION "GDAL is not there, and need not be")
+    endif()
+  endforeach()
+endfunction()
+
 # Under the tests a benchmark runs once with the shortest of times, so that none rots.
 function(fdo_benchmark name)
   if(NOT QUILLON_BUILD_BENCHMARKS)

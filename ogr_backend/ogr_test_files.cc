@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "ogr_backend/gdal_absence.h"
 #include "testing/fgf_builder.h"
 #include "testing/schema_builder.h"
 
@@ -52,6 +53,7 @@ void SetTown(Row& row, Town const& town) {
 std::wstring WriteTowns(ScratchDirectory const& scratch, OgrFormat const& format,
                         std::vector<Town> const& towns) {
   std::wstring const path = scratch.File(format.fileName);
+  if (IsWithoutGdal()) return path;
   DatabaseDef def;
   SetTownSchema(def);
   DatabaseOgr database;

@@ -39,7 +39,8 @@ void SetTown(Row& row, Town const& town);
 // An owned FGF stream in the geometry cell.
 void SetGeometry(Row& row, std::string const& text);
 
-// Writes the rows to a new file of that format and closes it. Failures are those of the test.
+// Writes the rows to a new file of that format and closes it. Failures are those of the test; where GDAL is
+// missing and may be there is no file and no failure.
 std::wstring WriteTowns(ScratchDirectory const& scratch, OgrFormat const& format,
                         std::vector<Town> const& towns = Towns());
 

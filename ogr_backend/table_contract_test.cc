@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "ogr_backend/gdal_absence.h"
 #include "testing/memory_table.h"
 #include "testing/scratch_directory.h"
 
@@ -102,6 +103,8 @@ std::unique_ptr<ContractStore> MakeOgr(TableFixture const& fixture, std::vector<
   return std::make_unique<OgrStore>(fixture.fileName, rows, access);
 }
 
+char const* WhyNoOgr() { return IsWithoutGdal() ? kWithoutGdal : nullptr; }
+
 // What every kind of file has in common.
 constexpr TableFixture OgrFixture(char const* name, char const* fileName) {
   return {.name = name,
@@ -120,7 +123,8 @@ constexpr TableFixture OgrFixture(char const* name, char const* fileName) {
           .deletesByFilter = false,
           .updatesById = false,
           .updateHeedsFilter = false,
-          .notDesired = NotDesired::kUndefined};
+          .notDesired = NotDesired::kUndefined,
+          .absence = WhyNoOgr};
 }
 
 constexpr TableFixture Shapefile() {

@@ -4,6 +4,7 @@
 #include <fdo/scroller.h>
 #include <gtest/gtest.h>
 
+#include "ogr_backend/gdal_absence.h"
 #include "ogr_backend/ogr_test_files.h"
 #include "port/process_memory.h"
 #include "testing/captured_diagnostics.h"
@@ -22,6 +23,9 @@ class ScrollerTest : public testing::TestWithParam<OgrFormat> {
     DbPool::CloseAllFreeConnections();
   }
 
+  void SetUp() override {
+    if (IsWithoutGdal()) GTEST_SKIP() << kWithoutGdal;
+  }
   Database& Connection() { return *static_cast<Database*>(connection_); }
   Table& TownTable() { return Connection()[0]; }
 

@@ -21,6 +21,9 @@ bool SetFilePosition(std::FILE* file, std::int64_t position);
 // Makes the file end at that position. Errors: false.
 bool CutFile(std::FILE* file, std::int64_t length);
 
+// Whether a file can be removed or renamed while a program has it open.
+bool OpenFilesCanMove();
+
 // Whether the file, named in wide text, exists and this process has the right to write it.
 bool MayWriteFile(wchar_t const* name);
 

@@ -18,6 +18,8 @@ bool CutFile(std::FILE* file, std::int64_t length) {
   return std::fflush(file) == 0 && ftruncate(fileno(file), length) == 0;
 }
 
+bool OpenFilesCanMove() { return true; }
+
 bool MayWriteFile(wchar_t const* name) {
   static_assert(sizeof(wchar_t) == sizeof(char32_t), "a wide character is a code point");
   try {

@@ -20,6 +20,9 @@ bool CutFile(std::FILE* file, std::int64_t length) {
   return std::fflush(file) == 0 && _chsize_s(_fileno(file), length) == 0;
 }
 
+// They can where every opener allows it, which the C library and SQLite do not.
+bool OpenFilesCanMove() { return false; }
+
 bool MayWriteFile(wchar_t const* name) {
   constexpr int kWritePermission = 2;
   return _waccess(name, kWritePermission) == 0;

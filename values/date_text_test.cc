@@ -140,7 +140,18 @@ std::string Shown(FdoDateTime const& v) {
   return text;
 }
 
+// C leaves open what becomes of a number too large for an int, and not every library refuses a "0x" that no
+// digit follows. Only a library that does both as the parser does is compared with it.
+bool LibraryIsComparable() {
+  int number = 0;
+  float real = 0;
+  return std::swscanf(L"4294967297", L"%d", &number) == 1 && number == 1 &&
+         std::swscanf(L"0xp", L"%f", &real) != 1;
+}
+
 void ExpectAsTheLibrary(std::wstring const& text) {
+  static bool const isComparable = LibraryIsComparable();
+  if (!isComparable) return;
   FdoDateTime const untouched = Make(1, 2, 3, 4, 5, 6);
   FdoDateTime expected = untouched;
   FdoDateTime value = untouched;
@@ -203,6 +214,7 @@ TEST(ParseDate, OnlyTheFirstThirtyCharactersAreSearchedForMarks) {
 }
 
 TEST(ParseDate, AgreesWithTheCLibraryOnRandomText) {
+  if (!LibraryIsComparable()) GTEST_SKIP() << "this C library scans numbers in another way";
   wchar_t const* const pieces[] = {L"0",          L"1",  L"9", L"12",  L"2024",
                                    L"-",          L"-",  L"-", L":",   L":",
                                    L":",          L"T",  L" ", L".",   L"5",

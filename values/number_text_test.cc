@@ -66,8 +66,18 @@ Real ByTheLibrary(wchar_t const* text, wchar_t** end) {
   }
 }
 
+// Whether the library takes only letters and digits between the brackets of a nan, as the standard of C does.
+bool NansAreComparable() {
+  wchar_t const text[] = L"nan(-)";
+  wchar_t* end = nullptr;
+  std::wcstod(text, &end);
+  return end == text + 3;
+}
+
 template <class Real>
 void ExpectAsTheLibrary(std::wstring const& text) {
+  static bool const nansAreComparable = NansAreComparable();
+  if (!nansAreComparable && text.find(L'(') != std::wstring::npos) return;
   wchar_t* expectedEnd = nullptr;
   Real const expected = ByTheLibrary<Real>(text.c_str(), &expectedEnd);
   Real number = -1;
@@ -77,7 +87,10 @@ void ExpectAsTheLibrary(std::wstring const& text) {
     EXPECT_TRUE(std::isnan(number)) << text;
   } else {
     EXPECT_EQ(expected, number) << text;
-    EXPECT_EQ(std::signbit(expected), std::signbit(number)) << text;
+    // Where there is no number some libraries give the zero the sign that they have read.
+    if (expectedEnd != text.c_str()) {
+      EXPECT_EQ(std::signbit(expected), std::signbit(number)) << text;
+    }
   }
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <string_view>
 
 #include "port/child_process.h"
 #include "sdk/providers/sqlite/row_commands.h"
@@ -46,6 +47,9 @@ constexpr Shape kShapes[] = {
 
 class GdalInterchange : public testing::Test {
  protected:
+  void SetUp() override {
+    if (std::string_view(QUILLON_OGR2OGR).empty()) GTEST_SKIP() << "there is no ogr2ogr for this platform";
+  }
   // A table of every shape, written by the provider.
   void WriteShapes(FdoString* settings) {
     store_.Run("");

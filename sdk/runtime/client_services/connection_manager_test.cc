@@ -11,7 +11,8 @@
 namespace fdo_sdk {
 namespace {
 
-std::wstring const kLibraries = FdoStringP(FDO_TEST_LIBRARIES).operator FdoString*();
+// With its drive, where there are drives: without one it would be taken to go on from the registry's.
+std::wstring const kLibraries = std::filesystem::absolute(FDO_TEST_LIBRARIES).wstring();
 
 std::string FileOf(std::string const& baseName) {
   return fdo::port::kLibraryPrefix + baseName + fdo::port::kLibrarySuffix;

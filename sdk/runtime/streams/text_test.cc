@@ -75,6 +75,9 @@ TEST(TextWriter, EmptiesTheFileThatItMakes) {
   FdoPtr<FdoIoTextReader> reader = FdoIoTextReader::Create(static_cast<FdoString*>(wideName));
   FdoPtr<FdoIoStream> stream = reader->GetStream();
   EXPECT_EQ(BytesOf(stream), "short");
+  // A file in use cannot be removed everywhere.
+  stream = nullptr;
+  reader = nullptr;
   std::filesystem::remove(name);
   MessageThrownBy<FdoException>([&] { FdoIoTextReader::Create(static_cast<FdoString*>(wideName)); });
 }
