@@ -32,6 +32,12 @@ class FailureSweep : public testing::Test {
     std::filesystem::copy_file(file_, original_);
   }
 
+  // Puts that file back.
+  void BeginAgain() const {
+    std::filesystem::copy_file(original_, file_, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(file_.string() + "-journal");
+  }
+
   // The work is done with each call failing in turn. After each, `state` must
   // give one of the two results: that of before, or that of the work done.
   void Sweep(std::function<void()> const& work, char const* state) {
@@ -68,7 +74,11 @@ class FailureSweep : public testing::Test {
       ForEach(sqlite, row, [&] {
         BeginAgain();
         std::string result;
-        bool const succeeded = Runs([&] { std::string(read()).swap(result); });
+        result.reserve(expected.size());  // so that it allocates nothing while that is counted
+        bool const succeeded = Runs([&] {
+          std::string const text = read();
+          result.assign(text);
+        });
         bool const failed = sqlite.HasFailed();
         sqlite.Heal();
         EXPECT_TRUE(succeeded || failed);
@@ -99,11 +109,6 @@ class FailureSweep : public testing::Test {
   std::filesystem::path const file_ = store_.Directory().Path() / "store.sqlite";
 
  private:
-  void BeginAgain() const {
-    std::filesystem::copy_file(original_, file_, std::filesystem::copy_options::overwrite_existing);
-    std::filesystem::remove(file_.string() + "-journal");
-  }
-
   std::filesystem::path const original_ = store_.Directory().Path() / "original";
 };
 

@@ -30,6 +30,100 @@ TEST_F(StoreFailure, ClassesComeWithTheirMetadata) {
       "SELECT group_concat(sql) FROM sqlite_schema");
 }
 
+// A store with two classes and a spatial context that neither has, made by the provider.
+class StoreOfClasses : public StoreFailure {
+ protected:
+  void BeginWithClasses() {
+    store_.Run("CREATE TABLE Other (Id INTEGER PRIMARY KEY)");
+    FdoPtr<Connection> connection = store_.Open();
+    CreateContext(connection, L"Field", L"EPSG:4326", L"GEOGCS[]");
+    CreateContext(connection, L"Spare", L"EPSG:3857", L"PROJCS[]");
+    Apply(connection,
+          SchemaOf({ClassOf(L"Places", {Data(L"Id", FdoDataType_Int32), Data(L"Name", FdoDataType_String),
+                                        Geometry(L"Shape", FdoGeometricType_All, L"Field")})}));
+    connection->Close();
+    Begin("DROP TABLE Other");
+  }
+};
+
+TEST_F(StoreOfClasses, ClassesAreChangedWithTheirMetadataOrStay) {
+  BeginWithClasses();
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoFeatureSchema> schema = Describe(connection);
+        FdoPtr<FdoClassCollection> classes = schema->GetClasses();
+        FdoPtr<FdoClassDefinition> places = classes->GetItem(L"Places");
+        FdoPtr<FdoPropertyDefinitionCollection> properties = places->GetProperties();
+        properties->Add(Data(L"Size", FdoDataType_Double));
+        properties->Add(Geometry(L"Centre", FdoGeometricType_Point, L"Spare"));
+        classes->Add(ClassOf(L"Roads", {Data(L"Id", FdoDataType_Int64), Geometry(L"Line")}));
+        Apply(connection, schema, /*ignoreStates=*/false);
+        connection->Close();
+      },
+      "SELECT (SELECT group_concat(sql) FROM sqlite_schema), (SELECT group_concat(f_table_name || "
+      "f_geometry_column) "
+      "FROM geometry_columns)");
+}
+
+TEST_F(StoreOfClasses, ClassesLeaveWithTheirMetadataOrStay) {
+  BeginWithClasses();
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoFeatureSchema> schema = Describe(connection);
+        FdoPtr<FdoClassDefinition> places =
+            FdoPtr<FdoClassCollection>(schema->GetClasses())->GetItem(L"Places");
+        places->Delete();
+        Apply(connection, schema, /*ignoreStates=*/false);
+        connection->Close();
+      },
+      "SELECT (SELECT group_concat(sql) FROM sqlite_schema), (SELECT group_concat(f_table_name || "
+      "f_geometry_column) "
+      "FROM geometry_columns)");
+}
+
+TEST_F(StoreOfClasses, SpatialContextsAreRemovedOrStay) {
+  BeginWithClasses();
+  Sweep(
+      [this] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoIDestroySpatialContext> destroy =
+            Make<FdoIDestroySpatialContext>(connection, FdoCommandType_DestroySpatialContext);
+        destroy->SetName(L"Spare");
+        destroy->Execute();
+        connection->Close();
+      },
+      "SELECT group_concat(sr_name) FROM spatial_ref_sys");
+}
+
+TEST_F(StoreOfClasses, DescriptionsAreWholeOrThrow) {
+  BeginWithClasses();
+  SweepReading([this] {
+    FdoPtr<Connection> connection = store_.Open();
+    std::wstring text;
+    FdoPtr<FdoFeatureSchema> schema = Describe(connection);
+    FdoPtr<FdoClassCollection> classes = schema->GetClasses();
+    for (FdoInt32 i = 0; i < classes->GetCount(); ++i) {
+      FdoPtr<FdoClassDefinition> definition = classes->GetItem(i);
+      text += definition->GetName();
+      FdoPtr<FdoPropertyDefinitionCollection> properties = definition->GetProperties();
+      for (FdoInt32 k = 0; k < properties->GetCount(); ++k) {
+        FdoPtr<FdoPropertyDefinition> property = properties->GetItem(k);
+        text += std::wstring(L" ") + property->GetName();
+      }
+    }
+    FdoPtr<FdoIGetClassNames> getNames = Make<FdoIGetClassNames>(connection, FdoCommandType_GetClassNames);
+    FdoPtr<FdoStringCollection> names = getNames->Execute();
+    for (FdoInt32 i = 0; i < names->GetCount(); ++i) text += std::wstring(L"; ") + names->GetString(i);
+    FdoPtr<FdoIGetSpatialContexts> getContexts =
+        Make<FdoIGetSpatialContexts>(connection, FdoCommandType_GetSpatialContexts);
+    FdoPtr<FdoISpatialContextReader> contexts = getContexts->Execute();
+    while (contexts->ReadNext()) text += std::wstring(L"; ") + contexts->GetName();
+    return fdo_sdk::Utf8FromWide(text);
+  });
+}
+
 TEST_F(StoreFailure, TransactionsAreCommittedWholeOrNotAtAll) {
   Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY)");
   Sweep(
@@ -113,6 +207,33 @@ TEST_F(StoreFailure, NewFilesAreMadeWholeOrNotAtAll) {
       }
     });
     EXPECT_GT(failures, 0);
+  }
+}
+
+TEST_F(StoreFailure, FilesAreRemovedOrStayAsTheyAre) {
+  Begin("CREATE TABLE Roads (Id INTEGER PRIMARY KEY); INSERT INTO Roads VALUES (1)");
+  auto const work = [this] {
+    FdoPtr<Connection> connection(new Connection());
+    FdoPtr<FdoIDestroyDataStore> destroy =
+        Make<FdoIDestroyDataStore>(connection, FdoCommandType_DestroyDataStore);
+    FdoPtr<FdoIDataStorePropertyDictionary> properties = destroy->GetDataStoreProperties();
+    properties->SetProperty(L"File", store_.File().c_str());
+    destroy->Execute();
+  };
+  work();
+  EXPECT_FALSE(std::filesystem::exists(file_));
+  for (FaultCase const& row : kFaults) {
+    SCOPED_TRACE(row.name);
+    fdo::FailingSqlite sqlite;
+    ForEach(sqlite, row, [&] {
+      BeginAgain();
+      bool const succeeded = Runs(work);
+      sqlite.Heal();
+      EXPECT_EQ(std::filesystem::exists(file_), !succeeded);
+      if (!succeeded) {
+        EXPECT_EQ(store_.Rows("SELECT Id FROM Roads"), "1");
+      }
+    });
   }
 }
 
