@@ -72,6 +72,34 @@ TEST_F(BoxQueries, MakeTheIndexOfAConnectionThatWrites) {
   EXPECT_EQ(Ids(kBox), "100,102,103,5001");
 }
 
+// Counted in pages of the file, of which a scan would read all.
+TEST_F(BoxQueries, NeitherOpeningAFileNorABoxScansIt) {
+  connection_->Close();
+  store_.Run("ALTER TABLE point ADD COLUMN padding; UPDATE point SET padding = zeroblob(500)");
+  connection_ = OpenQuickly(store_);
+  FdoPtr<FdoIInsert> insert = MakeInsertInto(connection_, L"point");
+  GiveText(insert, L"shape", L"GeomFromText('POINT (9000 2)')");
+  FdoPtr<FdoIFeatureReader>(insert->Execute())->Close();
+  insert = nullptr;
+  connection_->Close();  // makes the index
+  int const pages = std::stoi(store_.Rows("PRAGMA page_count"));
+  ASSERT_GT(pages, 500);
+
+  connection_ = OpenQuickly(store_);
+  auto const pagesRead = [&] {
+    int read = 0;
+    int highest = 0;
+    sqlite3_db_status(connection_.p->OpenedDatabase().Handle(), SQLITE_DBSTATUS_CACHE_MISS, &read, &highest,
+                      0);
+    return read;
+  };
+  EXPECT_LT(pagesRead(), 10);
+  EXPECT_EQ(Ids(kBox), "100,101,102,103");
+  EXPECT_LT(pagesRead(), 40) << "of " << pages;
+  EXPECT_EQ(Ids(L"n = 99"), "");
+  EXPECT_GT(pagesRead(), 400) << "a scan shows in the count";
+}
+
 TEST_F(BoxQueries, UpdateAndDeleteCountWhatIsInTheBox) {
   FdoPtr<FdoIUpdate> update = Make<FdoIUpdate>(connection_, FdoCommandType_Update);
   update->SetFeatureClassName(L"point");
