@@ -210,7 +210,8 @@ TEST(QueryExplain, SaysWhichWayTheFilterGoes) {
 TEST(QueryExplain, AProviderRunsItsFilters) {
   ScratchDirectory const scratch;
   std::string const store = (scratch.Path() / "towns.sqlite").string();
-  ASSERT_EQ(RunCommand("convert", {SmallGeoJson(scratch), store}).code, 0);
+  ProgramResult const converted = RunCommand("convert", {SmallGeoJson(scratch), store});
+  ASSERT_EQ(converted.code, 0) << converted.err;
   EXPECT_EQ(Printed("query", {store, "--where", "mod(n, 2) = 1", "--explain"}),
             "filter: run by the provider OSGeo.SQLite\n");
 }
