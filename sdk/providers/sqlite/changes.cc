@@ -67,7 +67,7 @@ class Update : public UpdateBase {
     return static_cast<FdoInt32>(statement.Int64(0));
   }
 
-  FdoPtr<FdoPropertyValueCollection> values_ = FdoPropertyValueCollection::Create();
+  FdoPtr<WatchedValues> values_ = new WatchedValues();
 };
 
 using DeleteBase = FeatureCommand<FdoIDelete>;

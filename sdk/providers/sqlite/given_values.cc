@@ -7,8 +7,8 @@
 
 namespace fdo_sqlite {
 
-GivenValues::GivenValues(StoreClassPtr storeClass, FdoPropertyValueCollection& values)
-    : storeClass_(std::move(storeClass)) {
+GivenValues::GivenValues(StoreClassPtr storeClass, WatchedValues& values)
+    : storeClass_(std::move(storeClass)), changes_(values.Changes()) {
   for (FdoInt32 i = 0; i < values.GetCount(); ++i) {
     FdoPtr<FdoPropertyValue> value = values.GetItem(i);
     FdoPtr<FdoIdentifier> name = value->GetName();
@@ -16,7 +16,7 @@ GivenValues::GivenValues(StoreClassPtr storeClass, FdoPropertyValueCollection& v
     FdoPtr<FdoIStreamReader> stream = value->GetStreamReader();
     if (name == nullptr) Refuse(L"A property value has no name.");
     if (stream != nullptr) Refuse(L"The SQLite provider does not read property values from streams.");
-    items_.push_back({name->GetName(), expression != nullptr});
+    items_.push_back({value, name->GetName(), expression != nullptr});
     if (expression == nullptr) continue;
     StoreColumn const* const column = storeClass_->Column(items_.back().name);
     if (column == nullptr) {
@@ -30,26 +30,35 @@ GivenValues::GivenValues(StoreClassPtr storeClass, FdoPropertyValueCollection& v
   binder_ = ValueBinder(columns_);
 }
 
-bool GivenValues::Bind(Statement& statement, FdoPropertyValueCollection& values,
-                       FdoParameterValueCollection* parameters) {
-  if (static_cast<std::size_t>(values.GetCount()) != items_.size()) return false;
+bool GivenValues::Bind(Statement& statement, WatchedValues& values, FdoParameterValueCollection* parameters) {
+  if (values.Changes() != changes_ && !TakeProperties(values)) return false;
   std::size_t place = 0;
-  for (std::size_t i = 0; i < items_.size(); ++i) {
-    FdoPtr<FdoPropertyValue> value = values.GetItem(static_cast<FdoInt32>(i));
-    FdoPtr<FdoIdentifier> name = value->GetName();
-    FdoPtr<FdoValueExpression> expression = value->GetValue();
-    if (name == nullptr || (expression != nullptr) != items_[i].isGiven ||
-        std::wcscmp(name->GetName(), items_[i].name.c_str()) != 0) {
+  for (Item const& item : items_) {
+    // Nothing tells when a program gives a property another name or value.
+    FdoPtr<FdoIdentifier> const name = item.property->GetName();
+    FdoPtr<FdoValueExpression> const expression = item.property->GetValue();
+    if (name == nullptr || (expression != nullptr) != item.isGiven ||
+        std::wcscmp(name->GetName(), item.name.c_str()) != 0) {
       return false;
     }
-    if (!items_[i].isGiven) continue;
-    if (IsLiteral(*expression.p)) {
-      binder_.Bind(statement, place++, static_cast<FdoLiteralValue*>(expression.p));
+    if (!item.isGiven) continue;
+    if (binder_.BindAgain(statement, place, *expression.p)) {
+      ++place;
     } else {
-      FdoPtr<FdoLiteralValue> literal = LiteralOf(expression, parameters);
+      FdoPtr<FdoLiteralValue> const literal = LiteralOf(expression, parameters);
       binder_.Bind(statement, place++, literal);
     }
   }
+  return true;
+}
+
+// Errors: false, and the items stay, when there are more or fewer properties, or one is null.
+bool GivenValues::TakeProperties(WatchedValues& values) {
+  if (static_cast<std::size_t>(values.GetCount()) != items_.size()) return false;
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    items_[i].property = values.GetItem(static_cast<FdoInt32>(i));
+  }
+  changes_ = values.Changes();
   return true;
 }
 

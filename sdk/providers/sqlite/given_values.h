@@ -2,6 +2,7 @@
 #ifndef SDK_PROVIDERS_SQLITE_GIVEN_VALUES_H_
 #define SDK_PROVIDERS_SQLITE_GIVEN_VALUES_H_
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "sdk/providers/sqlite/statement.h"
 #include "sdk/providers/sqlite/store_schema.h"
 #include "sdk/providers/sqlite/value_binder.h"
+#include "sdk/providers/sqlite/watched_values.h"
 
 namespace fdo_sqlite {
 
@@ -17,25 +19,28 @@ namespace fdo_sqlite {
 class GivenValues {
  public:
   // Errors: FdoCommandException* for a property that the class does not have or that is given twice.
-  GivenValues(StoreClassPtr storeClass, FdoPropertyValueCollection& values);
+  GivenValues(StoreClassPtr storeClass, WatchedValues& values);
 
   // The columns that are given, in the order of the collection.
   std::vector<StoreColumn const*> const& Columns() const { return columns_; }
 
-  // Binds the values of the collection to the parameters 1, 2, ...
+  // Binds the values of the collection to the parameters 1, 2, ... of a statement, which is always the same.
   // Errors: false when the collection gives other properties than it did, or in another order; also as those
   // of ValueBinder::Bind and LiteralOf.
-  bool Bind(Statement& statement, FdoPropertyValueCollection& values,
-            FdoParameterValueCollection* parameters);
+  bool Bind(Statement& statement, WatchedValues& values, FdoParameterValueCollection* parameters);
 
  private:
   struct Item {
+    FdoPtr<FdoPropertyValue> property;
     std::wstring name;
     bool isGiven;
   };
 
+  bool TakeProperties(WatchedValues& values);
+
   StoreClassPtr storeClass_;
   std::vector<Item> items_;  // of the collection
+  std::uint64_t changes_;    // of the collection, when the items were taken from it
   std::vector<StoreColumn const*> columns_;
   ValueBinder binder_{{}};
 };

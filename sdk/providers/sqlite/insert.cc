@@ -140,7 +140,7 @@ class Insert : public InsertBase {
                                                    ShapeOf(storeClass, key), isRowId, version});
   }
 
-  FdoPtr<FdoPropertyValueCollection> values_ = FdoPropertyValueCollection::Create();
+  FdoPtr<WatchedValues> values_ = new WatchedValues();
   FdoPtr<FdoBatchParameterValueCollection> batch_ = FdoBatchParameterValueCollection::Create();
   std::unique_ptr<InsertPlan> plan_;
   std::wstring plannedName_;

@@ -24,19 +24,10 @@ void Statement::FailClosed() const {
   throw FdoCommandException::Create(L"The connection has been closed since this command was executed.");
 }
 
-void Statement::Check(int code) {
-  if (code == SQLITE_OK) return;
+void Statement::Fail(int code) const {
   if (Handle() == nullptr) FailClosed();
   prepared_->database->Fail(code, prepared_->doing);
 }
-
-void Statement::BindNull(int parameter) { Check(sqlite3_bind_null(Handle(), parameter)); }
-
-void Statement::Bind(int parameter, std::int64_t value) {
-  Check(sqlite3_bind_int64(Handle(), parameter, value));
-}
-
-void Statement::Bind(int parameter, double value) { Check(sqlite3_bind_double(Handle(), parameter, value)); }
 
 void Statement::BindText(int parameter, std::string_view utf8) {
   // An empty view may have no address, which SQLite would take for null.

@@ -30,9 +30,9 @@ class Statement {
   sqlite3_stmt* Handle() const { return prepared_ == nullptr ? nullptr : prepared_->handle; }
 
   // Borrowed: text and bytes, until the statement is stepped to its end, bound anew or given back.
-  void BindNull(int parameter);
-  void Bind(int parameter, std::int64_t value);
-  void Bind(int parameter, double value);
+  void BindNull(int parameter) { Check(sqlite3_bind_null(Handle(), parameter)); }
+  void Bind(int parameter, std::int64_t value) { Check(sqlite3_bind_int64(Handle(), parameter, value)); }
+  void Bind(int parameter, double value) { Check(sqlite3_bind_double(Handle(), parameter, value)); }
   void BindText(int parameter, std::string_view utf8);
   void BindBlob(int parameter, void const* bytes, std::size_t size);
   // Copied.
@@ -62,7 +62,10 @@ class Statement {
   };
 
   explicit Statement(std::shared_ptr<Prepared> prepared) : prepared_(std::move(prepared)) {}
-  void Check(int code);
+  void Check(int code) const {
+    if (code != SQLITE_OK) Fail(code);
+  }
+  [[noreturn]] void Fail(int code) const;
   [[noreturn]] void FailClosed() const;
   void GiveBack() noexcept;
 

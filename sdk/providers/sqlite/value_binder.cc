@@ -31,12 +31,6 @@ double RequireNumber(StoreColumn const& column, double value) {
   return value;
 }
 
-// SQLite makes a number for a null rowid, and takes a null for other keys as if it were a value.
-void BindNull(Statement& statement, int parameter, StoreColumn const& column) {
-  if (column.keyPosition >= 0 && !column.isRowId) RefuseValue(column, L"an identity is never null");
-  statement.BindNull(parameter);
-}
-
 }  // namespace
 
 ValueBinder::ValueBinder(std::vector<StoreColumn const*> columns) {
@@ -45,40 +39,63 @@ ValueBinder::ValueBinder(std::vector<StoreColumn const*> columns) {
 
 void ValueBinder::Bind(Statement& statement, std::size_t place, FdoLiteralValue* value) {
   Slot& slot = *slots_[place];
-  int const parameter = static_cast<int>(place) + 1;
-  bool const isGeometric = slot.column.kind == StoreColumn::Kind::kGeometry;
-  if (value == nullptr) {
-    BindNull(statement, parameter, slot.column);
-  } else if (value->GetLiteralValueType() == FdoLiteralValueType_Geometry) {
-    auto& geometry = static_cast<FdoGeometryValue&>(*value);
-    slot.array = geometry.IsNull() ? nullptr : geometry.GetGeometry();
-    if (slot.array == nullptr) {
-      BindNull(statement, parameter, slot.column);
+  if (slot.known.p != value) {
+    slot.known = FDO_SAFE_ADDREF(value);
+    slot.isGeometry = value != nullptr && value->GetLiteralValueType() == FdoLiteralValueType_Geometry;
+    bool const takesGeometry = slot.column.kind == StoreColumn::Kind::kGeometry;
+    slot.isOfColumn = slot.isGeometry
+                          ? takesGeometry
+                          : value != nullptr && !takesGeometry &&
+                                static_cast<FdoDataValue*>(value)->GetDataType() == slot.column.type;
+  }
+  BindKnown(statement, static_cast<int>(place) + 1, slot);
+}
+
+void ValueBinder::BindKnown(Statement& statement, int parameter, Slot& slot) {
+  if (slot.known == nullptr) {
+    BindNull(statement, parameter, slot);
+  } else if (slot.isGeometry) {
+    auto& geometry = static_cast<FdoGeometryValue&>(*slot.known);
+    FdoPtr<FdoByteArray> const fgf = geometry.IsNull() ? nullptr : geometry.GetGeometry();
+    if (fgf == nullptr) {
+      BindNull(statement, parameter, slot);
     } else {
-      if (!isGeometric) RefuseValue(slot.column, L"it is a geometry");
-      BindGeometry(statement, parameter, slot, *slot.array);
+      if (!slot.isOfColumn) RefuseValue(slot.column, L"it is a geometry");
+      BindGeometry(statement, parameter, slot, *fgf);
     }
   } else {
-    auto* data = static_cast<FdoDataValue*>(value);
-    if (data->IsNull()) {
-      BindNull(statement, parameter, slot.column);
-      return;
+    auto& data = static_cast<FdoDataValue&>(*slot.known);
+    if (data.IsNull()) {
+      BindNull(statement, parameter, slot);
+    } else {
+      BindData(statement, parameter, slot, slot.isOfColumn ? data : Converted(slot, data));
     }
-    if (isGeometric) RefuseValue(slot.column, L"it is no geometry");
-    if (data->GetDataType() != slot.column.type) {
-      try {
-        slot.converted = FdoDataValue::Create(slot.column.type, data, false, false, false);
-      } catch (FdoException* failure) {
-        FdoPtr<FdoException> released(failure);
-        RefuseValue(slot.column, std::wstring(L"it is of another type, ") + data->ToString());
-      }
-      data = static_cast<FdoDataValue*>(slot.converted.p);
-    }
-    BindData(statement, parameter, slot, *data);
   }
 }
 
+void ValueBinder::BindNull(Statement& statement, int parameter, Slot& slot) {
+  // SQLite makes a number for a null rowid, and takes a null for other keys as if it were a value.
+  if (slot.column.keyPosition >= 0 && !slot.column.isRowId) {
+    RefuseValue(slot.column, L"an identity is never null");
+  }
+  if (!slot.isBound) return;
+  statement.BindNull(parameter);
+  slot.isBound = false;
+}
+
+FdoDataValue& ValueBinder::Converted(Slot& slot, FdoDataValue& value) {
+  if (slot.column.kind == StoreColumn::Kind::kGeometry) RefuseValue(slot.column, L"it is no geometry");
+  try {
+    slot.converted = FdoDataValue::Create(slot.column.type, &value, false, false, false);
+  } catch (FdoException* failure) {
+    FdoPtr<FdoException> released(failure);
+    RefuseValue(slot.column, std::wstring(L"it is of another type, ") + value.ToString());
+  }
+  return static_cast<FdoDataValue&>(*slot.converted);
+}
+
 void ValueBinder::BindData(Statement& statement, int parameter, Slot& slot, FdoDataValue& value) {
+  slot.isBound = true;
   switch (slot.column.type) {
     case FdoDataType_Boolean:
       statement.Bind(parameter, std::int64_t{static_cast<FdoBooleanValue&>(value).GetBoolean()});
@@ -107,30 +124,28 @@ void ValueBinder::BindData(Statement& statement, int parameter, Slot& slot, FdoD
                      RequireNumber(slot.column, static_cast<FdoDecimalValue&>(value).GetDecimal()));
       break;
     case FdoDataType_DateTime: {
-      char text[kDateTextSize];
-      int const length = FormatDateText(static_cast<FdoDateTimeValue&>(value).GetDateTime(), text);
+      int const length = FormatDateText(static_cast<FdoDateTimeValue&>(value).GetDateTime(), slot.dateText);
       if (length == 0) RefuseValue(slot.column, L"it is no date or time of the calendar");
-      slot.bytes.assign(text, static_cast<std::size_t>(length));
-      statement.BindText(parameter, std::string_view(slot.bytes));
+      statement.BindText(parameter, std::string_view(slot.dateText, static_cast<std::size_t>(length)));
       break;
     }
     case FdoDataType_String: {
       FdoString* const text = static_cast<FdoStringValue&>(value).GetString();
       bool malformed = false;
-      slot.bytes.clear();
-      fdo_sdk::AppendUtf8(slot.bytes, std::wstring_view(text, std::wcslen(text)), &malformed);
+      slot.text.clear();
+      fdo_sdk::AppendUtf8(slot.text, std::wstring_view(text, std::wcslen(text)), &malformed);
       if (malformed) RefuseValue(slot.column, L"a unit in it is no character");
-      statement.BindText(parameter, std::string_view(slot.bytes));
+      statement.BindText(parameter, std::string_view(slot.text));
       break;
     }
     case FdoDataType_BLOB:
     case FdoDataType_CLOB: {
-      slot.array = static_cast<FdoLOBValue&>(value).GetData();
-      if (slot.array == nullptr) {
+      FdoPtr<FdoByteArray> const array = static_cast<FdoLOBValue&>(value).GetData();
+      if (array == nullptr) {
         statement.BindNull(parameter);
         break;
       }
-      std::string_view const bytes = ViewOf(slot.array);
+      std::string_view const bytes = ViewOf(array);
       if (slot.column.type == FdoDataType_CLOB && IsText(bytes)) {
         statement.BindText(parameter, bytes);
       } else {
@@ -145,6 +160,7 @@ void ValueBinder::BindGeometry(Statement& statement, int parameter, Slot& slot, 
   if (slot.column.format == GeometryFormat::kUnsupported) {
     RefuseValue(slot.column, L"the format in which its geometries are stored is not known here");
   }
+  slot.isBound = true;
   if (fgf.GetCount() == 0) {
     statement.BindNull(parameter);
     return;

@@ -7,14 +7,16 @@
 #include <vector>
 
 #include "Fdo.h"
+#include "sdk/providers/sqlite/date_text.h"
 #include "sdk/providers/sqlite/statement.h"
 #include "sdk/providers/sqlite/store_schema.h"
 #include "sdk/providers/sqlite/stored_geometry.h"
 
 namespace fdo_sqlite {
 
-// Each parameter of one statement belongs to a column. What is bound stays good until the same parameter is
-// bound again, if the program's values live that long.
+// Each parameter of one statement, which nobody else binds, belongs to a column. What is bound stays good
+// until the program changes the value, or the same parameter is bound again.
+// Owns: a reference to the last value of each parameter.
 //
 //   Boolean, integers          integer
 //   Single, Double, Decimal    real; the file cannot hold what is not a number
@@ -33,16 +35,32 @@ class ValueBinder {
   //   is bound then.
   void Bind(Statement& statement, std::size_t place, FdoLiteralValue* value);
 
+  // The same for the object that the parameter was given last time, which now may hold another value: what it
+  // is, is known. Errors: false, and nothing is done, for another object.
+  bool BindAgain(Statement& statement, std::size_t place, FdoValueExpression& value) {
+    Slot& slot = *slots_[place];
+    if (slot.known.p != &value) return false;
+    BindKnown(statement, static_cast<int>(place) + 1, slot);
+    return true;
+  }
+
  private:
   struct Slot {
     explicit Slot(StoreColumn const& of) : column(of), geometry(of.format) {}
     StoreColumn const& column;
     StoredGeometry geometry;
-    std::string bytes;
+    FdoPtr<FdoLiteralValue> known;  // what was given last time
+    bool isGeometry = false;        // the known value, whatever the column
+    bool isOfColumn = false;        // the known value has the type of the column
+    bool isBound = false;           // to anything but null
+    std::string text;
+    char dateText[kDateTextSize];
     FdoPtr<FdoLiteralValue> converted;
-    FdoPtr<FdoByteArray> array;
   };
 
+  static void BindKnown(Statement& statement, int parameter, Slot& slot);
+  static void BindNull(Statement& statement, int parameter, Slot& slot);
+  static FdoDataValue& Converted(Slot& slot, FdoDataValue& value);
   // Requires: the value is of the column's type.
   static void BindData(Statement& statement, int parameter, Slot& slot, FdoDataValue& value);
   static void BindGeometry(Statement& statement, int parameter, Slot& slot, FdoByteArray& fgf);
