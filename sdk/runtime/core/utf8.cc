@@ -93,6 +93,13 @@ void AppendUtf8(std::string& out, std::wstring_view text, bool* malformed) {
   out.resize(start + text.size());
   char* to = out.data() + start;
   std::size_t i = 0;
+  for (; text.size() - i >= 8; i += 8) {
+    std::uint32_t units = 0;
+    for (std::size_t k = 0; k < 8; ++k) units |= UnitOf(text[i + k]);
+    if (units >= 0x80) break;
+    for (std::size_t k = 0; k < 8; ++k) to[k] = static_cast<char>(text[i + k]);
+    to += 8;
+  }
   while (i < text.size() && UnitOf(text[i]) < 0x80) *to++ = static_cast<char>(text[i++]);
   out.resize(start + i);
   for (; i < text.size(); ++i) {

@@ -21,6 +21,7 @@ std::vector<Claim> const& Claims() {
       {L"\x7F\x80\x7FF\x800\xFFFD", "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBD"},
       {L"1234567\xE9", "1234567\xC3\xA9"},
       {L"12345678\xE9", "12345678\xC3\xA9"},
+      {L"12345678abcdefg\xE9", "12345678abcdefg\xC3\xA9"},
       {L"\xE9"
        L"12345678",
        "\xC3\xA9"

@@ -33,6 +33,21 @@ TEST(Values, BeginNullAndEndNull) {
   EXPECT_TRUE(text->IsNull());
 }
 
+TEST(Values, ATextIsSetAgainWhateverWasThere) {
+  FdoPtr<FdoStringValue> text = FdoStringValue::Create();
+  std::wstring const longText(3000, L'x');
+  for (std::wstring const& next : {std::wstring(L"four"), std::wstring(), std::wstring(L"one"),
+                                   std::wstring(L"longer than before"), longText, std::wstring(L"end")}) {
+    text->SetString(next.c_str());
+    EXPECT_EQ(text->GetString(), next);
+    EXPECT_FALSE(text->IsNull());
+    text->SetNull();
+    EXPECT_EQ(text->GetString(), nullptr);
+    EXPECT_EQ(static_cast<wchar_t*>(*text), nullptr);
+    EXPECT_STREQ(text->ToString(), L"NULL");
+  }
+}
+
 TEST(Values, BytesAreSharedAndCounted) {
   FdoByte const bytes[] = {1, 2};
   FdoPtr<FdoByteArray> array = FdoByteArray::Create(bytes, 2);
