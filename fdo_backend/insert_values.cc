@@ -1,9 +1,14 @@
 #include "fdo_backend/insert_values.h"
 
+#include <cstddef>
+#include <cstring>
+
 #include "values/date_text.h"
 
 namespace fdo::internal {
 namespace {
+
+constexpr FdoInt32 kMostKeptBytes = 65536;
 
 template <class TypedValue>
 FdoValueExpression* Make() {
@@ -19,11 +24,11 @@ void SetGeometryNull(FdoValueExpression& value) { static_cast<FdoGeometryValue&>
 
 // The cell as Source, handed on as the setter's type; a number that does not fit keeps its low bits.
 template <class TypedValue, class Source, class Number, void (TypedValue::*setter)(Number)>
-void SetNumber(FdoValueExpression& value, Value const& cell) {
+void SetNumber(FdoValueExpression& value, Value const& cell, FdoPtr<FdoByteArray>&) {
   (static_cast<TypedValue&>(value).*setter)(static_cast<Number>(static_cast<Source>(cell)));
 }
 
-void SetDateTime(FdoValueExpression& value, Value const& cell) {
+void SetDateTime(FdoValueExpression& value, Value const& cell, FdoPtr<FdoByteArray>&) {
   auto& dateTime = static_cast<FdoDateTimeValue&>(value);
   FdoDateTime parsed;
   if (ParseDateTime(cell, parsed)) {
@@ -33,7 +38,7 @@ void SetDateTime(FdoValueExpression& value, Value const& cell) {
   }
 }
 
-void SetString(FdoValueExpression& value, Value const& cell) {
+void SetString(FdoValueExpression& value, Value const& cell, FdoPtr<FdoByteArray>&) {
   auto& string = static_cast<FdoStringValue&>(value);
   wchar_t const* const text = cell;
   if (text != nullptr) {
@@ -44,11 +49,20 @@ void SetString(FdoValueExpression& value, Value const& cell) {
 }
 
 template <class TypedValue, void (TypedValue::*setter)(FdoByteArray*)>
-void SetBytes(FdoValueExpression& value, Value const& cell) {
+void SetBytes(FdoValueExpression& value, Value const& cell, FdoPtr<FdoByteArray>& spare) {
   FdoByte const* const bytes = cell.AsBlob();
   if (bytes == nullptr) return;
-  FdoPtr<FdoByteArray> const array = FdoByteArray::Create(bytes, cell.BlobLen());
-  (static_cast<TypedValue&>(value).*setter)(array);
+  FdoInt32 const length = cell.BlobLen();
+  if (spare != nullptr && spare->GetRefCount() == 1) {
+    FdoByteArray* const sized = FdoByteArray::SetSize(spare.p, length);
+    spare.Detach();  // which the one with the size has taken over
+    spare = sized;
+    if (length > 0) std::memcpy(spare->GetData(), bytes, static_cast<std::size_t>(length));
+  } else {
+    spare = FdoByteArray::Create(bytes, length);
+  }
+  (static_cast<TypedValue&>(value).*setter)(spare);
+  if (length > kMostKeptBytes) spare = nullptr;
 }
 
 constexpr InsertValues::ValueType kValueTypes[] = {
@@ -96,19 +110,19 @@ InsertValues::InsertValues(TableDef const& def, FdoPropertyValueCollection& prop
     FdoPtr<FdoValueExpression> const value(type == nullptr ? nullptr : type->make());
     FdoPtr<FdoPropertyValue> const property(FdoPropertyValue::Create(def[column].Name(), value));
     properties.Add(property);
-    slots_.push_back({property, value, type});
+    slots_.push_back({property, value, type, nullptr});
   }
 }
 
 void InsertValues::FillFrom(Row const& row, bool leaveOutId) {
   for (int column = 0; column < static_cast<int>(slots_.size()); ++column) {
-    Slot const& slot = slots_[static_cast<std::size_t>(column)];
+    Slot& slot = slots_[static_cast<std::size_t>(column)];
     Value const& cell = row[column];
     if (!cell.IsValid() || cell.IsNull() || slot.type == nullptr) continue;
     if (leaveOutId && column == idIndex_) {
       slot.type->setNull(*slot.value);
     } else {
-      slot.type->set(*slot.value, cell);
+      slot.type->set(*slot.value, cell, slot.spare);
     }
   }
 }

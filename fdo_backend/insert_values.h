@@ -11,7 +11,8 @@
 namespace fdo::internal {
 
 // Each column's property holds an empty value of the column's type, which is filled and emptied in
-// place: a row costs no object but the bytes of its geometry and large objects. A column of a type that
+// place: a row costs no object unless it has more than 64 KiB of geometry or large objects in one column, or
+// the provider keeps the bytes of the row before. A column of a type that
 // no value stands for has a property without a value, so that positions are those of the columns.
 //
 // Between two rows the values stay as they are, whoever used them last, until SetAllNull.
@@ -33,7 +34,8 @@ class InsertValues {
   struct ValueType {
     ColumnDef::DataType columnType;
     FdoValueExpression* (*make)();
-    void (*set)(FdoValueExpression& value, Value const& cell);
+    // spare: the bytes of an earlier row, which serve again where nobody else holds them.
+    void (*set)(FdoValueExpression& value, Value const& cell, FdoPtr<FdoByteArray>& spare);
     void (*setNull)(FdoValueExpression& value);
   };
 
@@ -42,6 +44,7 @@ class InsertValues {
     FdoPtr<FdoPropertyValue> property;
     FdoPtr<FdoValueExpression> value;  // of the property; null together with the type
     ValueType const* type;
+    FdoPtr<FdoByteArray> spare;
   };
 
   std::vector<Slot> slots_;  // one for each column

@@ -193,6 +193,38 @@ TEST_F(InsertValuesTest, WithoutBytesAColumnOfBytesIsLeftAsItIs) {
   EXPECT_TRUE(static_cast<FdoGeometryValue*>(geometry.p)->IsNull());
 }
 
+TEST_F(InsertValuesTest, TheBytesOfARowServeTheNextUnlessSomebodyHoldsThem) {
+  Make(L"shape:Geometry");
+  FdoPtr<FdoValueExpression> const value = ValueAt(0);
+  auto& geometry = static_cast<FdoGeometryValue&>(*value.p);
+  Row row(&def_);
+  auto const fill = [&](std::string const& bytes) {
+    values_->SetAllNull();
+    row[0].Reset(bytes.data(), static_cast<int>(bytes.size()), /*copy=*/true);
+    values_->FillFrom(row, /*leaveOutId=*/false);
+  };
+  auto const text = [](FdoByteArray& array) {
+    return std::string(array.GetData(), array.GetData() + array.GetCount());
+  };
+  fill("first");
+  FdoByteArray const* const array = FdoPtr<FdoByteArray>(geometry.GetGeometry()).p;
+  fill("2nd");
+  FdoPtr<FdoByteArray> const held = geometry.GetGeometry();
+  EXPECT_EQ(held.p, array);
+  EXPECT_EQ(text(*held), "2nd");
+  fill("third");
+  EXPECT_EQ(text(*held), "2nd");
+  EXPECT_EQ(text(*FdoPtr<FdoByteArray>(geometry.GetGeometry())), "third");
+  // Longer than all before, and too long to be kept.
+  std::string const longest(100'000, 'l');
+  fill(longest);
+  EXPECT_EQ(text(*FdoPtr<FdoByteArray>(geometry.GetGeometry())), longest);
+  values_->SetAllNull();
+  EXPECT_TRUE(geometry.IsNull());
+  fill("last");
+  EXPECT_EQ(text(*FdoPtr<FdoByteArray>(geometry.GetGeometry())), "last");
+}
+
 TEST_F(InsertValuesTest, TheIdentityIsLeftOutOnRequest) {
   Make(L"id:Int32 n:Int32");
   Row row(&def_);
