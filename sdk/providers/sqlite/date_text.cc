@@ -1,8 +1,10 @@
 #include "sdk/providers/sqlite/date_text.h"
 
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 
 #include "port/inlining.h"
@@ -15,18 +17,37 @@ constexpr double kJulianDayOf1970 = 2440587.5;
 constexpr std::int64_t kFirstSecond = -62167219200;  // 0000-01-01T00:00:00
 constexpr std::int64_t kLastSecond = 253402300799;   // 9999-12-31T23:59:59
 
-char* PutDigits(char* to, int value, int digits) {
-  for (int i = digits - 1; i >= 0; --i) {
-    to[i] = static_cast<char>('0' + value % 10);
-    value /= 10;
+// "00" to "99", one behind the other.
+constexpr std::array<char, 200> kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    pairs[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
   }
-  return to + digits;
+  return pairs;
+}();
+
+// Requires: 0 <= value && value < 100.
+char* PutTwoDigits(char* to, int value) {
+  char const* const pair = &kDigitPairs[static_cast<std::size_t>(value) * 2];
+  to[0] = pair[0];
+  to[1] = pair[1];
+  return to + 2;
+}
+
+// Four digits, or the five that the year has. Requires: 0 <= year && year < 100000.
+char* PutYear(char* to, int year) {
+  if (year > 9999) {
+    *to++ = static_cast<char>('0' + year / 10000);
+    year %= 10000;
+  }
+  return PutTwoDigits(PutTwoDigits(to, year / 100), year % 100);
 }
 
 // Two digits of whole seconds, then the fraction if there is one.
 char* PutSeconds(char* to, float seconds) {
-  to = PutDigits(to, static_cast<int>(seconds), 2);
-  if (seconds == std::floor(seconds)) return to;
+  int const whole = static_cast<int>(seconds);
+  to = PutTwoDigits(to, whole);
+  if (seconds == static_cast<float>(whole)) return to;
   char exact[64];
   char* const end = std::to_chars(exact, exact + sizeof exact, seconds, std::chars_format::fixed).ptr;
   char* point = exact;
@@ -251,17 +272,17 @@ int FormatDateText(FdoDateTime const& value, char (&text)[kDateTextSize]) {
   if ((!hasDate && !hasTime) || (hasDate && !IsDate(value)) || (hasTime && !IsTime(value))) return 0;
   char* to = text;
   if (hasDate) {
-    to = PutDigits(to, value.year, value.year > 9999 ? 5 : 4);
+    to = PutYear(to, value.year);
     *to++ = '-';
-    to = PutDigits(to, value.month, 2);
+    to = PutTwoDigits(to, value.month);
     *to++ = '-';
-    to = PutDigits(to, value.day, 2);
+    to = PutTwoDigits(to, value.day);
     if (hasTime) *to++ = 'T';
   }
   if (hasTime) {
-    to = PutDigits(to, value.hour, 2);
+    to = PutTwoDigits(to, value.hour);
     *to++ = ':';
-    to = PutDigits(to, value.minute, 2);
+    to = PutTwoDigits(to, value.minute);
     *to++ = ':';
     to = PutSeconds(to, value.seconds);
   }
