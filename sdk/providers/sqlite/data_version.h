@@ -20,6 +20,27 @@ inline std::uint32_t DataVersion(Database& database) {
   return version;
 }
 
+// When something was learned from a file, to tell whether it still holds.
+class DataStamp {
+ public:
+  explicit DataStamp(Database& database)
+      : version_(DataVersion(database)), transaction_(database.TransactionNumber()) {}
+
+  // Whether nobody has committed a change since. Within the transaction in which that was last known, nobody
+  // can have, and SQLite is not asked. Requires and means otherwise: as DataVersion.
+  bool Holds(Database& database) {
+    std::uint64_t const transaction = database.TransactionNumber();
+    if (transaction != 0 && transaction == transaction_) return true;
+    if (DataVersion(database) != version_) return false;
+    transaction_ = transaction;
+    return true;
+  }
+
+ private:
+  std::uint32_t version_;
+  std::uint64_t transaction_;
+};
+
 // Whether the tables have changed so that the statement had to be prepared anew when it was last run. Asking
 // forgets it.
 inline bool WasPreparedAnew(Statement const& statement) {

@@ -173,11 +173,13 @@ bool Database::InTransaction() const { return handle_ != nullptr && sqlite3_get_
 void Database::BeginWriting() {
   Prepare("BEGIN IMMEDIATE", L"change").Run();
   begun_ = true;
+  ++begunTransactions_;
 }
 
 void Database::BeginReading() {
   Prepare("BEGIN", L"read").Run();
   begun_ = true;
+  ++begunTransactions_;
 }
 
 void Database::Commit() {

@@ -57,6 +57,9 @@ class Database {
   // Whether a transaction is open. Not the same as "somebody began one": some failures end it.
   bool InTransaction() const;
 
+  // Of the open transaction, where it was begun here; no two have the same. 0 when there is none.
+  std::uint64_t TransactionNumber() const { return begun_ && InTransaction() ? begunTransactions_ : 0; }
+
   // Begin one; a writing one takes the lock now, so that a locked file is noticed before any work is done.
   // Requires: !InTransaction().
   void BeginWriting();
@@ -112,6 +115,7 @@ class Database {
   bool readOnly_ = false;
   int busyMilliseconds_ = 0;
   bool begun_ = false;  // a transaction was begun here and neither committed nor rolled back here
+  std::uint64_t begunTransactions_ = 0;
   std::multimap<std::string, PreparedPtr> idle_;  // prepared and not in use
   std::vector<PreparedPtr> used_;
   Statement hold_;

@@ -49,6 +49,12 @@ class FeatureReader : public ReaderBase<FdoIFeatureReader> {
     return FDO_SAFE_ADDREF(definition_.p);
   }
   FdoInt32 GetDepth() override { return 0; }
+
+  // Before the row of that id. Requires: the reader is of a generated id.
+  void BeginAgain(std::int64_t id) {
+    cursor_.BeginAgain(id);
+    definition_ = nullptr;
+  }
   using ReaderBase<FdoIFeatureReader>::GetGeometry;
   FdoByte const* GetGeometry(FdoString* name, FdoInt32* count) override {
     return GetGeometry(cursor_.IndexOf(name), count);
@@ -92,6 +98,16 @@ FeatureShapePtr ShapeOf(StoreClassPtr storeClass, std::vector<int> places) {
 
 FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape) {
   return new fdo_provider::ReadsByName<FeatureReader>(connection, std::move(cursor), std::move(shape));
+}
+
+FdoIFeatureReader* IdentityReaders::Of(Connection* connection, std::int64_t id,
+                                       FeatureShapePtr const& shape) {
+  if (last_ != nullptr && last_->GetRefCount() == 1) {
+    static_cast<FeatureReader*>(last_.p)->BeginAgain(id);
+  } else {
+    last_ = MakeFeatureReader(connection, ResultCursor(id, shape->columns), shape);
+  }
+  return FDO_SAFE_ADDREF(last_.p);
 }
 
 }  // namespace fdo_sqlite

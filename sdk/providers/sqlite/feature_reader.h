@@ -2,6 +2,7 @@
 #ifndef SDK_PROVIDERS_SQLITE_FEATURE_READER_H_
 #define SDK_PROVIDERS_SQLITE_FEATURE_READER_H_
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -31,6 +32,18 @@ ResultColumn ComputedColumn(std::wstring name, SqlValue const& value);
 
 // Gives: one reference. Requires: the cursor has the columns of the shape.
 FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape);
+
+// Gives readers of one row, the identity of a feature that was just inserted. A program that inserts many
+// mostly has let go of a reader before the next is made, which then is the same object again.
+// Owns: a reference to the last reader.
+class IdentityReaders {
+ public:
+  // Gives: one reference. Requires: each column of the shape, which is always the same, is the id.
+  FdoIFeatureReader* Of(Connection* connection, std::int64_t id, FeatureShapePtr const& shape);
+
+ private:
+  FdoPtr<FdoIFeatureReader> last_;
+};
 
 }  // namespace fdo_sqlite
 

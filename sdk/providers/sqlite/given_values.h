@@ -10,7 +10,7 @@
 #include "sdk/providers/sqlite/statement.h"
 #include "sdk/providers/sqlite/store_schema.h"
 #include "sdk/providers/sqlite/value_binder.h"
-#include "sdk/providers/sqlite/watched_values.h"
+#include "sdk/providers/sqlite/watched_collection.h"
 
 namespace fdo_sqlite {
 

@@ -20,9 +20,9 @@ struct InsertPlan {
   StoreClassPtr storeClass;
   GivenValues given;
   Statement statement;
-  FeatureShapePtr identity;   // of what the reader gives
-  bool identityIsRowId;       // so that SQLite tells it without being asked
-  std::uint32_t dataVersion;  // when the class was looked up
+  FeatureShapePtr identity;  // of what the reader gives
+  DataStamp learned;         // when the class was looked up
+  IdentityReaders readers;
 };
 
 // INSERT INTO "table" ("a","b") VALUES (?,?), asking for the identity where it is not the rowid.
@@ -88,36 +88,46 @@ class Insert : public InsertBase {
     InsertPlan& plan = BoundPlan(database);
     ResultCursor::KeptRow identity;
     bool const hasRow = plan.statement.Step();
-    for (int i = 0; hasRow && i < plan.identity->columns->Count(); ++i) {
+    if (hasRow) {
+      identity = KeptIdentity(database, plan);
+      plan.statement.Step();
+    }
+    plan.statement.Reset();
+    FdoPtr<FdoIFeatureReader> reader =
+        hasRow ? MakeFeatureReader(connection_, ResultCursor(std::move(identity), plan.identity->columns),
+                                   plan.identity)
+               : plan.readers.Of(connection_, sqlite3_last_insert_rowid(database.Handle()), plan.identity);
+    if (WasPreparedAnew(plan.statement)) plan_ = nullptr;
+    return reader.Detach();
+  }
+
+  // The row on which the statement stands.
+  static ResultCursor::KeptRow KeptIdentity(Database& database, InsertPlan& plan) {
+    ResultCursor::KeptRow identity;
+    for (int i = 0; i < plan.identity->columns->Count(); ++i) {
       identity.emplace_back(sqlite3_value_dup(sqlite3_column_value(plan.statement.Handle(), i)));
       if (identity.back() == nullptr) {
         plan.statement.Reset();
         database.Fail(SQLITE_NOMEM, L"give the identity of the new feature of");
       }
     }
-    if (hasRow) plan.statement.Step();
-    plan.statement.Reset();
-    std::int64_t const rowId = sqlite3_last_insert_rowid(database.Handle());
-    ResultCursor cursor(std::move(identity), rowId, plan.identity->columns);
-    FdoPtr<FdoIFeatureReader> reader = MakeFeatureReader(connection_, std::move(cursor), plan.identity);
-    if (WasPreparedAnew(plan.statement)) plan_ = nullptr;
-    return reader.Detach();
+    return identity;
   }
 
   // Within a transaction nobody else changes the table, so that the last plan mostly holds.
   InsertPlan& BoundPlan(Database& database) {
-    std::uint32_t const version = DataVersion(database);
-    bool const holds = plan_ != nullptr && plan_->dataVersion == version && IsPlannedClass() &&
+    bool const holds = plan_ != nullptr && plan_->learned.Holds(database) && IsPlannedClass() &&
                        plan_->statement.Handle() != nullptr;
     if (holds && plan_->given.Bind(plan_->statement, *values_, parameters_)) return *plan_;
-    plan_ = MakePlan(database, version);
+    plan_ = MakePlan(database);
     plan_->given.Bind(plan_->statement, *values_, parameters_);
     return *plan_;
   }
 
   bool IsPlannedClass() const { return className_ != nullptr && plannedName_ == className_->GetText(); }
 
-  std::unique_ptr<InsertPlan> MakePlan(Database& database, std::uint32_t version) {
+  std::unique_ptr<InsertPlan> MakePlan(Database& database) {
+    DataStamp const learned(database);
     StoreClassPtr const storeClass = Schema().Class(className_);
     if (storeClass->readOnly) {
       Refuse(L"Nothing can be inserted into \"" + storeClass->name + L"\": it is a view.");
@@ -136,8 +146,8 @@ class Insert : public InsertBase {
         database.Prepare(InsertText(*storeClass, given.Columns(), isRowId), L"insert a feature into");
     NoteWrite(*storeClass, connection_->Indexes());
     plannedName_ = className_->GetText();
-    return std::make_unique<InsertPlan>(InsertPlan{storeClass, std::move(given), std::move(statement),
-                                                   ShapeOf(storeClass, key), isRowId, version});
+    return std::make_unique<InsertPlan>(InsertPlan{
+        storeClass, std::move(given), std::move(statement), ShapeOf(storeClass, key), learned, {}});
   }
 
   FdoPtr<WatchedValues> values_ = new WatchedValues();

@@ -66,16 +66,23 @@ class ResultCursor {
   ResultCursor(Statement statement, ResultColumnsPtr columns, CursorSparesPtr spares);
 
   // One row that is at hand already: the identity of a feature that was just inserted. Either each column has
-  // its value, or all have generatedId.
+  // its value, or all have the id that SQLite generated.
   struct FreeValue {
     void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
   };
   typedef std::vector<std::unique_ptr<sqlite3_value, FreeValue>> KeptRow;
-  ResultCursor(KeptRow row, std::int64_t generatedId, ResultColumnsPtr columns)
-      : columns_(std::move(columns)),
-        keptRow_(std::move(row)),
-        generatedId_(generatedId),
-        place_(Place::kBeforeRow) {}
+  ResultCursor(KeptRow row, ResultColumnsPtr columns)
+      : columns_(std::move(columns)), keptRow_(std::move(row)), place_(Place::kBeforeRow) {}
+  ResultCursor(std::int64_t generatedId, ResultColumnsPtr columns)
+      : columns_(std::move(columns)), generatedId_(generatedId), place_(Place::kBeforeRow) {}
+
+  // Before the row of another generated id. Requires: the cursor was made for one.
+  void BeginAgain(std::int64_t generatedId) {
+    ++buffers_.row;
+    generatedId_ = generatedId;
+    readyCells_ = 0;
+    place_ = Place::kBeforeRow;
+  }
 
   // Errors: also those of the statement; the cursor is then behind the last row.
   bool MoveNext() {

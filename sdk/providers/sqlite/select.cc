@@ -1,4 +1,5 @@
 // The commands that read features.
+#include <cstdint>
 #include <cwchar>
 #include <memory>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "sdk/providers/sqlite/query_source.h"
 #include "sdk/providers/sqlite/selected_properties.h"
 #include "sdk/providers/sqlite/sql_names.h"
+#include "sdk/providers/sqlite/watched_collection.h"
 
 namespace fdo_sqlite {
 namespace {
@@ -22,14 +24,21 @@ enum class Wanted { kAll, kById, kOther };
 // A select that is made over and over, with another identity each time: the look-up of a feature by its id,
 // and all features of a class. The filter is looked at, but neither it nor the class is looked up again.
 struct RepeatedSelect {
-  Wanted wanted;
+  explicit RepeatedSelect(DataStamp const& since) : known(since) {}
+
+  Wanted wanted = Wanted::kOther;
   std::wstring className;
-  std::vector<std::wstring> names;  // of the properties as they were asked for
+  struct Property {
+    FdoPtr<FdoIdentifier> identifier;
+    std::wstring name;
+  };
+  std::vector<Property> properties;  // as they were asked for
+  std::uint64_t changes = 0;         // of their collection, when they were taken from it
   std::wstring idName;
   std::string sql;
   FeatureShapePtr shape;
   CursorSparesPtr spares;
-  std::uint32_t dataVersion;  // when the class was last known to be as it was
+  DataStamp known;  // when the class was last known to be as it was
 };
 
 // The number that an integer literal is. Errors: false, also for null.
@@ -57,7 +66,10 @@ template <class Interface>
 class SelectOf : public SelectCommand<Interface> {
  public:
   using Base = SelectCommand<Interface>;
-  using Base::Base;
+
+  explicit SelectOf(Connection* connection) : Base(connection) {
+    this->properties_ = FDO_SAFE_ADDREF(watched_.p);
+  }
 
   FdoLockType GetLockType() override { return FdoLockType_None; }
   void SetLockType(FdoLockType) override { RefuseLocks(); }
@@ -106,30 +118,43 @@ class SelectOf : public SelectCommand<Interface> {
     if (repeated_ == nullptr || repeated_->wanted != wanted) return false;
     if (repeated_->className != this->className_->GetText()) return false;
     if (idName != nullptr && repeated_->idName != idName->GetText()) return false;
-    if (static_cast<std::size_t>(this->properties_->GetCount()) != repeated_->names.size()) return false;
-    for (std::size_t i = 0; i < repeated_->names.size(); ++i) {
-      FdoPtr<FdoIdentifier> name = this->properties_->GetItem(static_cast<FdoInt32>(i));
-      if (name->GetExpressionType() != FdoExpressionItemType_Identifier ||
-          std::wcscmp(name->GetText(), repeated_->names[i].c_str()) != 0) {
-        return false;
-      }
+    if (watched_->Changes() != repeated_->changes && !TakeProperties()) return false;
+    // Nothing tells when a program gives an identifier another text.
+    for (RepeatedSelect::Property const& property : repeated_->properties) {
+      if (std::wcscmp(property.identifier->GetText(), property.name.c_str()) != 0) return false;
     }
     return true;
+  }
+
+  // Errors: false when there are more or fewer properties than were learned, or a computed one.
+  bool TakeProperties() {
+    std::vector<RepeatedSelect::Property>& properties = repeated_->properties;
+    if (static_cast<std::size_t>(watched_->GetCount()) != properties.size()) return false;
+    for (std::size_t i = 0; i < properties.size(); ++i) {
+      properties[i].identifier = watched_->GetItem(static_cast<FdoInt32>(i));
+      if (!IsStored(*properties[i].identifier)) return false;
+    }
+    repeated_->changes = watched_->Changes();
+    return true;
+  }
+
+  static bool IsStored(FdoIdentifier& name) {
+    return name.GetExpressionType() == FdoExpressionItemType_Identifier;
   }
 
   // Errors: false for what is not repeated after all; FdoCommandException* for what there is not.
   bool Learn(Wanted wanted, FdoIdentifier* idName) {
     StoreClassPtr const storeClass = this->Schema().Class(this->className_);
     SqlScope const scope = ScopeOf(*storeClass, this->parameters_);
-    auto learned = std::make_unique<RepeatedSelect>();
+    auto learned = std::make_unique<RepeatedSelect>(DataStamp(this->OpenedDatabase()));
     learned->wanted = wanted;
     learned->className = this->className_->GetText();
-    learned->dataVersion = DataVersion(this->OpenedDatabase());
+    learned->changes = watched_->Changes();
     std::vector<int> places;
-    for (FdoInt32 i = 0; i < this->properties_->GetCount(); ++i) {
-      FdoPtr<FdoIdentifier> name = this->properties_->GetItem(i);
-      if (name->GetExpressionType() != FdoExpressionItemType_Identifier) return false;
-      learned->names.push_back(name->GetText());
+    for (FdoInt32 i = 0; i < watched_->GetCount(); ++i) {
+      FdoPtr<FdoIdentifier> name = watched_->GetItem(i);
+      if (!IsStored(*name)) return false;
+      learned->properties.push_back({name, name->GetText()});
       places.push_back(PlaceNamed(*name, scope));
     }
     if (places.empty()) places = AllPlaces(*storeClass);
@@ -168,10 +193,9 @@ class SelectOf : public SelectCommand<Interface> {
     }
     if (cursor->WasPreparedAnew()) return nullptr;
     // The cursor has begun a transaction, which makes the number as fresh as the rows.
-    std::uint32_t const version = DataVersion(database);
-    if (version != repeated.dataVersion) {
+    if (!repeated.known.Holds(database)) {
       if (this->Schema().Class(this->className_) != repeated.shape->storeClass) return nullptr;
-      repeated.dataVersion = version;
+      repeated.known = DataStamp(database);
     }
     return MakeFeatureReader(this->connection_, std::move(*cursor), repeated.shape);
   }
@@ -204,6 +228,7 @@ class SelectOf : public SelectCommand<Interface> {
     }
   }
 
+  FdoPtr<WatchedIdentifiers> watched_ = new WatchedIdentifiers();  // is properties_
   std::unique_ptr<RepeatedSelect> repeated_;
 };
 

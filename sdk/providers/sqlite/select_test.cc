@@ -143,6 +143,56 @@ TEST_F(Select, LooksUpOneFeatureAfterAnother) {
   EXPECT_EQ(reader->GetInt32(L"name"), 5);
 }
 
+TEST_F(Select, ALookUpFollowsItsListOfProperties) {
+  FdoPtr<FdoISelect> select = MakeSelectOf(connection_, L"town", L"id = 1");
+  FdoPtr<FdoIdentifierCollection> names = select->GetPropertyNames();
+  FdoPtr<FdoIdentifier> name = FdoIdentifier::Create(L"name");
+  names->Add(name);
+  auto const properties = [&] {
+    FdoPtr<FdoIFeatureReader> reader = select->Execute();
+    EXPECT_TRUE(reader->ReadNext());
+    FdoPtr<FdoClassDefinition> definition = reader->GetClassDefinition();
+    FdoPtr<FdoPropertyDefinitionCollection> read = definition->GetProperties();
+    std::wstring list;
+    for (FdoInt32 i = 0; i < read->GetCount(); ++i) {
+      list += (i == 0 ? L"" : L",") + std::wstring(reader->GetPropertyName(i));
+    }
+    return list;
+  };
+  EXPECT_EQ(properties(), L"name");
+  name->SetText(L"people");
+  EXPECT_EQ(properties(), L"people");
+  names->Add(FdoPtr<FdoIdentifier>(FdoIdentifier::Create(L"name")));
+  EXPECT_EQ(properties(), L"people,name");
+  // The same names in other objects.
+  names->Clear();
+  names->Add(FdoPtr<FdoIdentifier>(FdoIdentifier::Create(L"people")));
+  names->Add(name = FdoIdentifier::Create(L"name"));
+  EXPECT_EQ(properties(), L"people,name");
+  name->SetText(L"height");
+  EXPECT_EQ(properties(), L"people,height");
+  names->RemoveAt(0);
+  EXPECT_EQ(properties(), L"height");
+  names->SetItem(0, FdoPtr<FdoIdentifier>(FdoIdentifier::Create(L"id")));
+  EXPECT_EQ(properties(), L"id");
+}
+
+TEST_F(Select, ALookUpInATransactionSeesWhatWasChangedInIt) {
+  FdoPtr<FdoITransaction> transaction = connection_->BeginTransaction();
+  FdoPtr<FdoISelect> select = MakeSelectOf(connection_, L"town", L"id = 1");
+  EXPECT_EQ(Texts(FdoPtr<FdoIFeatureReader>(select->Execute()), L"name"), L"Ulm");
+  connection_->OpenedDatabase().Execute("UPDATE town SET name = 'Neu-Ulm' WHERE id = 1");
+  EXPECT_EQ(Texts(FdoPtr<FdoIFeatureReader>(select->Execute()), L"name"), L"Neu-Ulm");
+  transaction->Rollback();
+  EXPECT_EQ(Texts(FdoPtr<FdoIFeatureReader>(select->Execute()), L"name"), L"Ulm");
+  // Another transaction of the same command, after a change by another program.
+  store_.Run("ALTER TABLE town ADD COLUMN size INT DEFAULT 3");
+  transaction = connection_->BeginTransaction();
+  EXPECT_EQ(Numbers(FdoPtr<FdoIFeatureReader>(select->Execute()), L"id"), "1");
+  FdoPtr<FdoIFeatureReader> reader = select->Execute();
+  EXPECT_GE(reader->GetPropertyIndex(L"size"), 0);
+}
+
 TEST_F(Select, BothAReaderAndTheNextLookUpAreGood) {
   FdoPtr<FdoISelect> select = MakeSelectOf(connection_, L"town", L"id = 1");
   FdoPtr<FdoIFeatureReader> first = select->Execute();

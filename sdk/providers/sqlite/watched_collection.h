@@ -1,6 +1,6 @@
-// The property values of a command that a program executes over and over.
-#ifndef SDK_PROVIDERS_SQLITE_WATCHED_VALUES_H_
-#define SDK_PROVIDERS_SQLITE_WATCHED_VALUES_H_
+// The collections of a command that a program executes over and over.
+#ifndef SDK_PROVIDERS_SQLITE_WATCHED_COLLECTION_H_
+#define SDK_PROVIDERS_SQLITE_WATCHED_COLLECTION_H_
 
 #include <cstdint>
 
@@ -8,36 +8,38 @@
 
 namespace fdo_sqlite {
 
-// Counts what is put in, taken out and replaced, so that whoever has looked at the properties need not ask
-// for each of them again. What changes within a property is not counted.
-class WatchedValues : public FdoPropertyValueCollection {
+// Counts what is put in, taken out and replaced, so that whoever has looked at the items need not ask for
+// each of them again. What changes within an item is not counted.
+// Requires: Collection is one of the interface, of Item.
+template <class Collection, class Item>
+class WatchedCollection : public Collection {
  public:
-  // Differs whenever the collection may hold other properties, or in another order.
+  // Differs whenever the collection may hold other items, or in another order.
   std::uint64_t Changes() const { return changes_; }
 
-  void SetItem(FdoInt32 index, FdoPropertyValue* value) override {
+  void SetItem(FdoInt32 index, Item* value) override {
     ++changes_;
-    FdoPropertyValueCollection::SetItem(index, value);
+    Collection::SetItem(index, value);
   }
-  FdoInt32 Add(FdoPropertyValue* value) override {
+  FdoInt32 Add(Item* value) override {
     ++changes_;
-    return FdoPropertyValueCollection::Add(value);
+    return Collection::Add(value);
   }
-  void Insert(FdoInt32 index, FdoPropertyValue* value) override {
+  void Insert(FdoInt32 index, Item* value) override {
     ++changes_;
-    FdoPropertyValueCollection::Insert(index, value);
+    Collection::Insert(index, value);
   }
   void Clear() override {
     ++changes_;
-    FdoPropertyValueCollection::Clear();
+    Collection::Clear();
   }
-  void Remove(FdoPropertyValue const* value) override {
+  void Remove(Item const* value) override {
     ++changes_;
-    FdoPropertyValueCollection::Remove(value);
+    Collection::Remove(value);
   }
   void RemoveAt(FdoInt32 index) override {
     ++changes_;
-    FdoPropertyValueCollection::RemoveAt(index);
+    Collection::RemoveAt(index);
   }
 
  protected:
@@ -47,6 +49,9 @@ class WatchedValues : public FdoPropertyValueCollection {
   std::uint64_t changes_ = 0;
 };
 
+typedef WatchedCollection<FdoPropertyValueCollection, FdoPropertyValue> WatchedValues;
+typedef WatchedCollection<FdoIdentifierCollection, FdoIdentifier> WatchedIdentifiers;
+
 }  // namespace fdo_sqlite
 
-#endif  // SDK_PROVIDERS_SQLITE_WATCHED_VALUES_H_
+#endif  // SDK_PROVIDERS_SQLITE_WATCHED_COLLECTION_H_

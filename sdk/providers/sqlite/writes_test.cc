@@ -127,6 +127,82 @@ TEST_F(Writes, AHeldCommandWritesInOneTransaction) {
   EXPECT_EQ(store_.Rows("SELECT group_concat(name) FROM town"), "first,second,third,fourth");
 }
 
+TEST_F(Writes, AHeldCommandFollowsItsValues) {
+  FdoPtr<FdoIInsert> insert = MakeInsertInto(connection_, L"town");
+  FdoPtr<FdoPropertyValueCollection> values = insert->GetPropertyValues();
+  FdoPtr<FdoStringValue> text = FdoStringValue::Create(L"a");
+  FdoPtr<FdoInt32Value> number = FdoInt32Value::Create(1);
+  FdoPtr<FdoPropertyValue> name = FdoPropertyValue::Create(L"name", text);
+  FdoPtr<FdoPropertyValue> people = FdoPropertyValue::Create(L"people", number);
+  auto const insertOne = [&] { FdoPtr<FdoIFeatureReader> inserted = insert->Execute(); };
+  values->Add(name);
+  values->Add(people);
+  insertOne();
+  // The same objects with other values, null among them.
+  text->SetString(L"b");
+  number->SetNull();
+  insertOne();
+  number->SetInt32(3);
+  insertOne();
+  // Another object, of another type.
+  people->SetValue(FdoPtr<FdoStringValue>(FdoStringValue::Create(L"4")));
+  insertOne();
+  people->SetValue(static_cast<FdoValueExpression*>(nullptr));
+  insertOne();
+  people->SetValue(number);
+  insertOne();
+  // Another property of the same value.
+  FdoPtr<FdoInt64Value> id = FdoInt64Value::Create(70);
+  people->SetValue(id);
+  people->SetName(L"id");
+  insertOne();
+  FdoPtr<FdoIdentifier>(people->GetName())->SetText(L"people");
+  insertOne();
+  // The same properties in other objects, and in another order.
+  values->Clear();
+  values->Add(FdoPtr<FdoPropertyValue>(FdoPropertyValue::Create(L"name", text)));
+  values->Add(people);
+  text->SetString(L"c");
+  insertOne();
+  values->Clear();
+  values->Add(people);
+  values->Add(name);
+  insertOne();
+  values->SetItem(0, FdoPtr<FdoPropertyValue>(FdoPropertyValue::Create(L"people", number)));
+  insertOne();
+  insert = nullptr;
+  EXPECT_EQ(store_.Rows("SELECT id, name, people FROM town"),
+            "1|a|1;2|b|NULL;3|b|3;4|b|4;5|b|NULL;6|b|3;70|b|NULL;71|b|70;72|c|70;73|c|70;74|c|3");
+}
+
+TEST_F(Writes, AReaderOfAnIdentityStaysWhileItIsHeld) {
+  FdoPtr<FdoIInsert> insert = MakeInsertInto(connection_, L"town");
+  FdoPtr<FdoIFeatureReader> first = insert->Execute();
+  FdoPtr<FdoIFeatureReader> second = insert->Execute();
+  ASSERT_TRUE(first->ReadNext());
+  ASSERT_TRUE(second->ReadNext());
+  EXPECT_EQ(first->GetInt64(L"id"), 1);
+  EXPECT_EQ(second->GetInt64(L"id"), 2);
+  second->Close();
+  second = nullptr;
+  // Whatever was done with the one before, the next begins before its row.
+  for (FdoInt64 id = 3; id < 6; ++id) {
+    FdoPtr<FdoIFeatureReader> next = insert->Execute();
+    MessageThrownBy<FdoCommandException>([&] { next->GetInt64(0); });
+    ASSERT_TRUE(next->ReadNext());
+    EXPECT_EQ(next->GetInt64(0), id);
+    if (id == 4) continue;
+    EXPECT_FALSE(next->ReadNext());
+  }
+  EXPECT_EQ(first->GetInt64(0), 1);
+  // It outlives its command.
+  insert = nullptr;
+  EXPECT_EQ(first->GetInt64(0), 1);
+  EXPECT_FALSE(first->ReadNext());
+  first = nullptr;
+  EXPECT_EQ(connection_->GetRefCount(), 1);
+}
+
 TEST_F(Writes, FlushAndOtherCommandsSettleABatch) {
   FdoPtr<FdoIInsert> insert = MakeInsertInto(connection_, L"town");
   FdoPtr<FdoIFeatureReader>(insert->Execute());
