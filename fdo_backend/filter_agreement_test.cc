@@ -15,7 +15,6 @@
 
 #include "testing/captured_diagnostics.h"
 #include "testing/caught_message.h"
-#include "testing/fgf_builder.h"
 #include "testing/filter_family.h"
 #include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
@@ -45,10 +44,7 @@ class FilterAgreement : public testing::Test {
       EXPECT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
       EXPECT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, /*readOnly=*/false, /*loadSchema=*/true));
       DatabaseDef def;
-      SetTables(def, L"Default",
-                {MakeTableDef(L"Default", L"rows",
-                              L"id:Int64 i:Int32 big:Int64 d:Double t:String f:Boolean w:DateTime "
-                              L"shape:Geometry")});
+      SetTables(def, L"Default", {MakeTableDef(L"Default", L"rows", kFamilyColumns)});
       EXPECT_TRUE(database.SetSchema(def));
       Fill();
       database[0].Query();
@@ -60,32 +56,12 @@ class FilterAgreement : public testing::Test {
     }
 
     void Fill() {
-      constexpr long long kIntegers[] = {0, 1, -1, 3, -7, 100};
-      constexpr long long kBig[] = {0, 5, -5, 2147483648, 9007199254740993, 9223372036854775807};
-      constexpr double kDoubles[] = {0, 0.5, -2.5, 0.1, 2.5, 100, 1e18, 9007199254740992};
-      constexpr wchar_t const* kTexts[] = {L"", L"a", L"A", L"abc", L"bc", L"x%y", L" 3 ", L"1e2"};
-      constexpr wchar_t const* kMoments[] = {L"2024-03-01T14:30:05", L"1999-12-31T00:00:00",
-                                             L"2024-03-01T14:30:06"};
-      constexpr char const* kShapes[] = {"POINT (2 2)", "POINT (4 1)", "POINT (9 9)",
-                                         "LINESTRING (0 0, 9 9)"};
       std::mt19937 random(20240301);
-      auto const any = [&](auto const& choices) { return choices[random() % std::size(choices)]; };
       Table& table = database[0];
       table.BeginWrite();
       for (int number = 0; number < kRows; ++number) {
         Row row(table.Def());
-        auto const isNull = [&] { return random() % 6 == 0; };
-        for (int i = 0; i < row.Def()->ColumnCount(); ++i) row[i].Reset();
-        if (!isNull()) row[L"i"].Reset(any(kIntegers));
-        if (!isNull()) row[L"big"].Reset(any(kBig));
-        if (!isNull()) row[L"d"].Reset(any(kDoubles));
-        if (!isNull()) row[L"t"].Reset(any(kTexts), /*copy=*/true);
-        if (!isNull()) row[L"f"].Reset(random() % 2 == 0);
-        if (!isNull()) row[L"w"].Reset(any(kMoments), /*copy=*/true);
-        if (!isNull()) {
-          auto const fgf = Fgf(any(kShapes));
-          row[L"shape"].Reset(fgf.data(), static_cast<int>(fgf.size()), /*copy=*/true);
-        }
+        FillFamilyRow(row, random);
         EXPECT_TRUE(table.Insert(row, nullptr, /*storeMakesId=*/true));
       }
       table.CommitWrite();

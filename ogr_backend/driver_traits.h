@@ -4,14 +4,13 @@
 
 #include <cstring>
 
+#include "ogr_backend/filter_language.h"
+
 namespace fdo::internal {
 
 struct DriverTraits {
   char const* name;  // GDAL's short name of the driver
-  // An attribute filter is run by the store as SQL of its own, in which text compares exactly, a null
-  // makes a condition unknown, and a bad filter is noticed only when the rows are asked for. The other
-  // drivers evaluate GDAL's own dialect.
-  bool runsOwnSql;
+  FilterLanguage filters;
   // A layer reports that it holds M ordinates, but they do not reach the file.
   bool losesM;
   // A row without a geometry, or with an empty one, is left out of the file, and reported as written.
@@ -31,17 +30,30 @@ struct DriverTraits {
 };
 
 inline constexpr DriverTraits kDriverTraits[] = {
-    // name             ownSql losesM noGeom emptyParts oneDim firstRow cuts losesCount
-    {"CSV", false, false, false, false, false, false, false, true},
-    {"ESRI Shapefile", false, false, false, true, true, true, true, false},
-    {"FlatGeobuf", false, false, true, true, true, false, false, false},
-    {"GPKG", true, false, false, false, false, false, false, false},
-    {"GeoJSON", false, true, false, true, false, false, false, false},
-    {"GeoJSONSeq", false, true, false, true, false, false, false, false},
-    {"PostgreSQL", true, false, false, false, false, false, false, false},
-    {"SQLite", true, false, false, false, false, false, false, false},
+    // name, filters, losesM noGeom emptyParts oneDim firstRow cuts losesCount
+    {"CSV", FilterLanguage::kGdal, false, false, false, false, false, false, true},
+    {"DXF", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"ESRI Shapefile", FilterLanguage::kGdal, false, false, true, true, true, true, false},
+    {"ESRIJSON", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"FlatGeobuf", FilterLanguage::kGdal, false, true, true, true, false, false, false},
+    {"GML", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"GPKG", FilterLanguage::kSqlite, false, false, false, false, false, false, false},
+    {"GPX", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"GeoJSON", FilterLanguage::kGdal, true, false, true, false, false, false, false},
+    {"GeoJSONSeq", FilterLanguage::kGdal, true, false, true, false, false, false, false},
+    {"KML", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"LIBKML", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"MapInfo File", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"Memory", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"ODS", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"OpenFileGDB", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"PostgreSQL", FilterLanguage::kPostgreSql, false, false, false, false, false, false, false},
+    {"SQLite", FilterLanguage::kSqlite, false, false, false, false, false, false, false},
+    {"TopoJSON", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    {"XLSX", FilterLanguage::kGdal, false, false, false, false, false, false, false},
 };
-inline constexpr DriverTraits kOtherDrivers = {"", false, false, false, false, false, false, false, false};
+inline constexpr DriverTraits kOtherDrivers = {
+    "", FilterLanguage::kUnknown, false, false, false, false, false, false, false};
 
 inline DriverTraits const& TraitsOf(char const* driver) {
   for (DriverTraits const& traits : kDriverTraits) {

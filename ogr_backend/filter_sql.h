@@ -1,4 +1,4 @@
-// Filters as the SQL conditions that GDAL's layers take.
+// Filters as the conditions that GDAL's layers take.
 #ifndef OGR_BACKEND_FILTER_SQL_H_
 #define OGR_BACKEND_FILTER_SQL_H_
 
@@ -7,39 +7,47 @@
 #include <string>
 #include <vector>
 
+#include "ogr_backend/filter_language.h"
+
 class FdoFilter;
 
 namespace fdo::internal {
 
 // What a layer's conditions are written in, and what its two fixed columns are called there.
 struct FilterTarget {
-  // The condition is run by the store's own SQL; otherwise by GDAL's dialect.
-  bool ownSql;
+  FilterLanguage language;
   // Empty where a condition cannot name the column.
   std::string idName;
   std::string geometryName;
 };
 
 struct FilterSql {
+  // Nobody computes the filter.
   bool refused = false;
-  std::wstring refusal;       // why
-  bool holdsForRows = false;  // of a refused one: it can be computed for each row, see row_filter.h
-  std::string text;           // UTF-8
-  std::vector<bool> columns;  // one flag for each column of the table: the condition needs it
+  // The condition selects what the filter does. Otherwise it may select more, and each row must be looked at.
+  bool isExact = true;
+  std::wstring reason;        // why it is refused, or not exact
+  std::string text;           // UTF-8; empty for no condition
+  std::vector<bool> columns;  // one flag for each column of the table: the filter looks at it
 };
 
-// Writes a filter over the columns of a table as a condition that has the same meaning in both kinds of
-// SQL: a comparison with a null column is never true, under NOT as well; text is equal when all its
-// characters are, upper and lower case included. The order of text (<, >) and LIKE's view of upper and
-// lower case are the store's.
-//
-// Refused is what the target does not have, or would take for something else: dates; spatial and distance
-// conditions; comparison with NULL; brackets in LIKE; functions; division by anything but a number other than
-// 0; for GDAL's dialect also LIKE with an underscore, text with a backslash before a quote or at its end, and
-// equality of two text columns. These hold for rows. Nobody computes names that are no column, text compared
-// with numbers, geometry compared, parameters, sub-selects, and filters nested deeper than kMaxFilterDepth.
-// Errors: throws what the filter's nodes throw.
-// Requires: filter is not null
+// Writes a filter over the columns of a table as a condition. What the filter means is what it means to an
+// ExprEval with ExprOptions::AsInSql, whatever the language: a part that the language would take for
+// something else, or does not have, is left to the rows, and so is what is joined to it by OR; what is joined
+// by AND still narrows. Left to the rows are
+// - everywhere: dates, spatial and distance conditions, functions but what they are given, text columns
+// beside
+//   numbers, numbers that are not finite, characters beyond U+FFFF;
+// - in GDAL's dialect: all comparisons of text, of which = and a LIKE with a beginning still narrow; text
+// with
+//   a backslash before a quote or at its end; division by anything but a number other than 0; integers that
+//   may leave 64 bits, and 64-bit integers beside doubles beyond 2^53;
+// - in PostgreSQL's: the same but for the first, order of text and LIKE, and all calculations;
+// - in an unknown language: everything.
+// Refused are names that are no column, texts that are no number beside numbers or no date beside dates,
+// dates beside numbers, geometry and bytes compared, calculations with texts, functions of what they are not
+// made for, parameters, sub-selects, and filters nested deeper than kMaxFilterDepth. Errors: throws what the
+// filter's nodes throw. Requires: filter is not null
 FilterSql TranslateFilter(FdoFilter* filter, TableDef const& def, FilterTarget const& target);
 
 inline constexpr int kMaxFilterDepth = 1000;

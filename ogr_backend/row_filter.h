@@ -18,8 +18,8 @@ class FdoFilter;
 
 namespace fdo::internal {
 
-// A filter means what it means in a store's SQL: null is unknown, and all kinds of conditions work (see
-// ExprOptions). Dates compare as the field has them: a date field as a date, a time field as a time.
+// A filter means what ExprOptions::AsInSql makes of it. Dates compare as the field has them: a date field as
+// a date, a time field as a time.
 class RowFilter {
  public:
   // Null when the filter has no value; refusal then says why.
@@ -28,9 +28,6 @@ class RowFilter {
   // Requires: def describes the layer.
   static std::unique_ptr<RowFilter> Make(GdalApi const& gdal, OgrLayerH layer, TableDef const& def,
                                          FdoFilter* filter, std::wstring& refusal);
-
-  // One flag for each column of the table: the filter looks at it.
-  std::vector<bool> const& Columns() const { return columns_; }
 
   // A box that every feature that matches meets, with some room to spare; nothing when there is none.
   // Units: minX, minY, maxX, maxY.

@@ -1,65 +1,107 @@
 #include "ogr_backend/sql_operand.h"
 
-#include <fdo/text_conversion.h>
-
-#include <charconv>
+#include <algorithm>
 #include <cmath>
 
+#include "expr/function_table.h"
 #include "ogr_backend/column_types.h"
+#include "ogr_backend/sql_literal.h"
 
 namespace fdo::internal {
 namespace {
 
-// A name in double quotes. A quote in it is doubled in SQL; GDAL's dialect takes a backslash before it.
-std::string QuoteName(std::string const& name, FilterTarget const& target) {
-  if (!target.ownSql && name.find('\\') != std::string::npos) {
-    throw FilterRefused{L"the column name \"" + ToWide(name.c_str()) + L"\" holds a backslash",
-                        /*holdsForRows=*/true};
-  }
-  std::string quoted = "\"";
-  for (char const unit : name) {
-    if (unit == '"') quoted += target.ownSql ? '"' : '\\';
-    quoted += unit;
-  }
-  return quoted + '"';
-}
-
-struct ColumnKind {
-  ColumnDef::DataType type;
-  SqlOperand::Kind kind;
-};
-
-constexpr ColumnKind kColumnKinds[] = {
-    {ColumnDef::kGeometry, SqlOperand::kGeometry}, {ColumnDef::kInt32, SqlOperand::kNumber},
-    {ColumnDef::kInt64, SqlOperand::kNumber},      {ColumnDef::kDouble, SqlOperand::kNumber},
-    {ColumnDef::kString, SqlOperand::kText},       {ColumnDef::kDateTime, SqlOperand::kDate},
-};
-
-SqlOperand::Kind KindOf(ColumnDef::DataType type) {
-  for (ColumnKind const& pair : kColumnKinds) {
-    if (pair.type == type) return pair.kind;
-  }
-  return SqlOperand::kOther;
-}
+constexpr wchar_t const* kNullHasNoValue = L"it calculates with NULL";
+// What GDAL's dialect does with integers beyond 64 bits differs from version to version.
+constexpr double kSafeIntegers = 0x1p62;
 
 constexpr char const* kArithmetic[] = {" + ", " - ", " * ", " / "};
 static_assert(FdoBinaryOperations_Add == 0 && FdoBinaryOperations_Divide == 3);
 
+bool IsNumberOrNull(SqlOperand const& operand) {
+  return !operand.kind || *operand.kind == ComparedAs::kNumber;
+}
+
+SqlOperand NullOperand() {
+  SqlOperand null;
+  null.rowsOnly = kNullHasNoValue;
+  return null;
+}
+
+// Of integers.
+double BoundOf(FdoBinaryOperations operation, SqlOperand const& left, SqlOperand const& right) {
+  if (operation == FdoBinaryOperations_Multiply) return left.bound * right.bound;
+  if (operation != FdoBinaryOperations_Divide) return left.bound + right.bound;
+  return right.literal ? left.bound / std::max(1.0, right.bound) : left.bound;
+}
+
+bool FitsInto(FunctionInfo const& function, SqlOperand const& argument) {
+  if (!argument.kind) return true;
+  ComparedAs const kind = *argument.kind;
+  switch (function.takes) {
+    case Takes::kNumbers:
+      return kind == ComparedAs::kNumber;
+    case Takes::kNumberOrText:
+      return kind == ComparedAs::kNumber || kind == ComparedAs::kText;
+    case Takes::kDateOrText:
+      return kind == ComparedAs::kDate || kind == ComparedAs::kText;
+    case Takes::kPoint:
+      return kind == ComparedAs::kGeometry || kind == ComparedAs::kText;
+    case Takes::kAnything:
+      return kind != ComparedAs::kGeometry && kind != ComparedAs::kBytes;
+  }
+  return false;
+}
+
+// What a function of these arguments gives, as far as comparisons are concerned.
+SqlOperand ResultOf(FunctionInfo const& function, std::vector<SqlOperand> const& arguments) {
+  SqlOperand result;
+  switch (function.gives) {
+    case Gives::kInteger:
+      result.kind = ComparedAs::kNumber;
+      result.bound = 0x1p63;
+      break;
+    case Gives::kReal:
+      result.kind = ComparedAs::kNumber;
+      result.isReal = true;
+      break;
+    case Gives::kText:
+      result.kind = ComparedAs::kText;
+      break;
+    case Gives::kDate:
+      result.kind = ComparedAs::kDate;
+      break;
+    case Gives::kItsSecond: {
+      // The first choice that is not NULL: the second argument, or another one that may be given instead.
+      std::size_t i = 1;
+      while (i < arguments.size() && !arguments[i].kind)
+        i += i == 1 && function.arguments == kAnyCount ? 2 : 1;
+      if (i < arguments.size()) result.kind = arguments[i].kind;
+      result.isReal = true;
+      break;
+    }
+  }
+  return result;
+}
+
 }  // namespace
 
-std::string QuoteText(std::wstring const& text, FilterTarget const& target) {
-  std::string const narrow = ToUtf8(text.c_str());
-  std::string quoted = "'";
-  for (std::size_t i = 0; i < narrow.size(); ++i) {
-    bool const beforeQuote = i + 1 == narrow.size() || narrow[i + 1] == '\'';
-    if (!target.ownSql && narrow[i] == '\\' && beforeQuote) {
-      throw FilterRefused{L"GDAL reads a backslash before a quote as part of the quote",
-                          /*holdsForRows=*/true};
-    }
-    if (narrow[i] == '\'') quoted += '\'';
-    quoted += narrow[i];
+SqlOperand NumberOperand(Value const& number, FilterLanguage language) {
+  SqlOperand operand;
+  operand.kind = ComparedAs::kNumber;
+  operand.literal = number;
+  double const real = static_cast<double>(number);
+  operand.bound = std::fabs(real);
+  operand.isReal = number.Type() == Value::kDouble;
+  if (operand.isReal && !std::isfinite(real)) {
+    operand.rowsOnly = L"it holds a number that is not finite";
+  } else if (operand.isReal) {
+    operand.sql = RealText(real, language);
+  } else if (std::optional<std::string> const text = IntegerText(static_cast<__int64>(number), language)) {
+    operand.sql = *text;
+  } else {
+    operand.rowsOnly = L"it holds the least of all integers";
   }
-  return quoted + '\'';
+  return operand;
 }
 
 SqlOperand SqlOperandWriter::Write(FdoExpression* expression) {
@@ -73,15 +115,22 @@ SqlOperand SqlOperandWriter::Write(FdoExpression* expression) {
 SqlOperand SqlOperandWriter::WriteColumn(FdoIdentifier& identifier) {
   int const column = FindColumn(identifier);
   ColumnDef const& def = def_[column];
+  ColumnKind const* const kind = KindOf(def.Type());
+  std::wstring const shown = L"the column \"" + std::wstring(def.Name()) + L"\"";
+  if (kind == nullptr) throw FilterRefused{shown + L" cannot be part of a condition"};
   SqlOperand operand;
-  operand.kind = KindOf(def.Type());
+  operand.kind = kind->comparedAs;
+  operand.isReal = kind->kind == Value::kDouble;
+  operand.bound = def.Type() == ColumnDef::kInt32 ? 0x1p31 : 0x1p63;
   std::string name = def.NameUTF8();
   if (column == kIdColumn) name = target_.idName;
   if (column == kGeometryColumn) name = target_.geometryName;
-  if (name.empty() || operand.kind == SqlOperand::kOther) {
-    throw FilterRefused{L"the column \"" + std::wstring(def.Name()) + L"\" cannot be part of a condition"};
+  std::optional<std::string> const quoted = name.empty() ? std::nullopt : QuotedName(name, target_.language);
+  if (quoted) {
+    operand.sql = *quoted;
+  } else {
+    operand.rowsOnly = shown + L" has no name that GDAL's conditions can hold";
   }
-  operand.sql = QuoteName(name, target_);
   columns_[static_cast<std::size_t>(column)] = true;
   return operand;
 }
@@ -102,95 +151,125 @@ int SqlOperandWriter::FindColumn(FdoIdentifier& identifier) const {
 
 void SqlOperandWriter::ProcessIdentifier(FdoIdentifier& expr) { result_ = WriteColumn(expr); }
 
+// Why the quotient, sum or product that result_ has become is only for rows.
+void SqlOperandWriter::CheckCalculation(FdoBinaryOperations operation, SqlOperand const& right) {
+  // SQLite calculates as the rows do: beyond 64 bits with doubles, and to null when it divides by zero.
+  if (target_.language == FilterLanguage::kSqlite) return;
+  if (target_.language == FilterLanguage::kPostgreSql) {
+    result_.rowsOnly = L"it calculates, which PostgreSQL refuses where a result does not fit";
+  } else if (operation == FdoBinaryOperations_Divide &&
+             (!right.literal || static_cast<double>(*right.literal) == 0)) {
+    result_.rowsOnly = L"it divides by what may be zero";
+  } else if (!result_.isReal && result_.bound > kSafeIntegers) {
+    result_.rowsOnly = L"it calculates with integers that may leave 64 bits";
+  }
+}
+
 void SqlOperandWriter::ProcessBinaryExpression(FdoBinaryExpression& expr) {
   SqlOperand const left = Write(FdoPtr<FdoExpression>(expr.GetLeftExpression()));
   SqlOperand const right = Write(FdoPtr<FdoExpression>(expr.GetRightExpression()));
-  if (left.kind != SqlOperand::kNumber || right.kind != SqlOperand::kNumber) {
+  if (!IsNumberOrNull(left) || !IsNumberOrNull(right)) {
     throw FilterRefused{L"it calculates with something that is not a number"};
   }
-  FdoBinaryOperations const operation = expr.GetOperation();
-  // What a division by zero gives differs from store to store.
-  if (operation == FdoBinaryOperations_Divide && (!right.isLiteral || right.isZero)) {
-    throw FilterRefused{L"it divides by what may be zero", /*holdsForRows=*/true};
+  if (!left.kind || !right.kind) {
+    result_ = NullOperand();
+    return;
   }
+  FdoBinaryOperations const operation = expr.GetOperation();
   result_ = SqlOperand();
-  result_.kind = SqlOperand::kNumber;
-  result_.sql = std::string("(") + left.sql + kArithmetic[operation] + right.sql + ")";
+  result_.kind = ComparedAs::kNumber;
+  result_.isReal = left.isReal || right.isReal;
+  result_.bound = BoundOf(operation, left, right);
+  result_.rowsOnly = left.rowsOnly.empty() ? right.rowsOnly : left.rowsOnly;
+  if (result_.rowsOnly.empty()) CheckCalculation(operation, right);
+  if (result_.rowsOnly.empty()) {
+    result_.sql = std::string("(") + left.sql + kArithmetic[operation] + right.sql + ")";
+  }
 }
 
 void SqlOperandWriter::ProcessUnaryExpression(FdoUnaryExpression& expr) {
   SqlOperand operand = Write(FdoPtr<FdoExpression>(expr.GetExpression()));
-  if (operand.kind != SqlOperand::kNumber) throw FilterRefused{L"it negates something that is not a number"};
-  // The blank keeps two minus signs from beginning a comment.
-  operand.sql = std::string("(- ") + operand.sql + ")";
+  if (!IsNumberOrNull(operand)) throw FilterRefused{L"it negates something that is not a number"};
+  operand.literal.reset();
   result_ = std::move(operand);
+  if (!result_.kind || !result_.rowsOnly.empty()) return;
+  CheckCalculation(FdoBinaryOperations_Subtract, result_);
+  // The blank keeps two minus signs from beginning a comment.
+  result_.sql = std::string("(- ") + result_.sql + ")";
 }
 
-void SqlOperandWriter::Integer(FdoDataValue& value, __int64 number) {
-  if (value.IsNull()) throw FilterRefused{L"it compares with NULL", /*holdsForRows=*/true};
-  result_ = SqlOperand();
-  result_.kind = SqlOperand::kNumber;
-  result_.isLiteral = true;
-  result_.isZero = number == 0;
-  result_.sql = std::to_string(number);
-  // In brackets, a minus sign cannot meet another one, which would begin a comment.
-  if (number < 0) result_.sql.append(1, ')').insert(0, 1, '(');
+void SqlOperandWriter::ProcessFunction(FdoFunction& expr) {
+  FdoPtr<FdoExpressionCollection> const given = expr.GetArguments();
+  std::vector<SqlOperand> arguments;
+  for (FdoInt32 i = 0; given != nullptr && i < given->GetCount(); ++i) {
+    arguments.push_back(Write(FdoPtr<FdoExpression>(given->GetItem(i))));
+  }
+  std::wstring const name = expr.GetName();
+  FunctionInfo const* function = FindFunction(name.c_str());
+  if (function == nullptr) throw FilterRefused{L"Unknown function \"" + name + L"\"."};
+  function =
+      FindFunction(static_cast<long long>(FormFor(function->number, static_cast<int>(arguments.size()))));
+  for (SqlOperand const& argument : arguments) {
+    if (!FitsInto(*function, argument)) {
+      throw FilterRefused{L"the function " + name + L" is given what it is not made for"};
+    }
+  }
+  result_ = ResultOf(*function, arguments);
+  result_.rowsOnly = L"it calls the function " + name;
 }
 
-void SqlOperandWriter::Real(FdoDataValue& value, double number) {
-  if (!std::isfinite(number))
-    throw FilterRefused{L"it holds a number that is not finite", /*holdsForRows=*/true};
-  Integer(value, 1);
-  char digits[40];
-  // Shortest digits that read back as the same number; the point keeps it a real number.
-  std::to_chars_result const end = std::to_chars(digits, digits + sizeof(digits), std::abs(number));
-  std::string text(digits, end.ptr);
-  if (text.find_first_of(".e") == std::string::npos) text += ".0";
-  result_.isZero = number == 0;
-  result_.sql = std::signbit(number) ? std::string("(-") + text + ")" : text;
+template <class Number>
+void SqlOperandWriter::Literal(FdoDataValue& value, Number number) {
+  result_ = value.IsNull() ? NullOperand() : NumberOperand(Value(number()), target_.language);
 }
 
 void SqlOperandWriter::ProcessStringValue(FdoStringValue& expr) {
-  if (expr.IsNull()) throw FilterRefused{L"it compares with NULL", /*holdsForRows=*/true};
+  if (expr.IsNull()) {
+    result_ = NullOperand();
+    return;
+  }
   result_ = SqlOperand();
-  result_.kind = SqlOperand::kText;
-  result_.isLiteral = true;
-  result_.text = expr.GetString();
-  result_.sql = QuoteText(result_.text, target_);
+  result_.kind = ComparedAs::kText;
+  result_.literal = Value(expr.GetString());
+  if (std::optional<std::string> const text = QuotedText(expr.GetString(), target_.language)) {
+    result_.sql = *text;
+  } else {
+    result_.rowsOnly = L"it holds a text that GDAL may read as another one";
+  }
+}
+
+void SqlOperandWriter::ProcessDateTimeValue(FdoDateTimeValue& expr) {
+  result_ = NullOperand();
+  if (expr.IsNull()) return;
+  result_.kind = ComparedAs::kDate;
+  result_.rowsOnly = L"it holds a date, which every format of GDAL's writes in a way of its own";
 }
 
 void SqlOperandWriter::ProcessBooleanValue(FdoBooleanValue& expr) {
-  Integer(expr, !expr.IsNull() && expr.GetBoolean() ? 1 : 0);
+  Literal(expr, [&] { return expr.GetBoolean() ? 1 : 0; });
 }
 void SqlOperandWriter::ProcessByteValue(FdoByteValue& expr) {
-  Integer(expr, expr.IsNull() ? 0 : expr.GetByte());
+  Literal(expr, [&] { return static_cast<int>(expr.GetByte()); });
 }
 void SqlOperandWriter::ProcessInt16Value(FdoInt16Value& expr) {
-  Integer(expr, expr.IsNull() ? 0 : expr.GetInt16());
+  Literal(expr, [&] { return static_cast<int>(expr.GetInt16()); });
 }
 void SqlOperandWriter::ProcessInt32Value(FdoInt32Value& expr) {
-  Integer(expr, expr.IsNull() ? 0 : expr.GetInt32());
+  Literal(expr, [&] { return expr.GetInt32(); });
 }
 void SqlOperandWriter::ProcessInt64Value(FdoInt64Value& expr) {
-  Integer(expr, expr.IsNull() ? 0 : expr.GetInt64());
+  Literal(expr, [&] { return expr.GetInt64(); });
 }
 void SqlOperandWriter::ProcessDecimalValue(FdoDecimalValue& expr) {
-  Real(expr, expr.IsNull() ? 0 : expr.GetDecimal());
+  Literal(expr, [&] { return expr.GetDecimal(); });
 }
 void SqlOperandWriter::ProcessDoubleValue(FdoDoubleValue& expr) {
-  Real(expr, expr.IsNull() ? 0 : expr.GetDouble());
+  Literal(expr, [&] { return expr.GetDouble(); });
 }
 void SqlOperandWriter::ProcessSingleValue(FdoSingleValue& expr) {
-  Real(expr, expr.IsNull() ? 0 : static_cast<double>(expr.GetSingle()));
+  Literal(expr, [&] { return static_cast<double>(expr.GetSingle()); });
 }
 
-void SqlOperandWriter::ProcessDateTimeValue(FdoDateTimeValue&) {
-  throw FilterRefused{L"it compares dates, which every format of GDAL's writes in a way of its own",
-                      /*holdsForRows=*/true};
-}
-void SqlOperandWriter::ProcessFunction(FdoFunction& expr) {
-  throw FilterRefused{L"it calls the function " + std::wstring(expr.GetName()), /*holdsForRows=*/true};
-}
 void SqlOperandWriter::ProcessComputedIdentifier(FdoComputedIdentifier&) {
   throw FilterRefused{L"it uses a computed identifier"};
 }
@@ -198,7 +277,9 @@ void SqlOperandWriter::ProcessParameter(FdoParameter&) { throw FilterRefused{L"i
 void SqlOperandWriter::ProcessBLOBValue(FdoBLOBValue&) { throw FilterRefused{L"it compares bytes"}; }
 void SqlOperandWriter::ProcessCLOBValue(FdoCLOBValue&) { throw FilterRefused{L"it compares long text"}; }
 void SqlOperandWriter::ProcessGeometryValue(FdoGeometryValue&) {
-  throw FilterRefused{L"it compares geometry"};
+  result_ = SqlOperand();
+  result_.kind = ComparedAs::kGeometry;
+  result_.rowsOnly = L"it holds a geometry";
 }
 void SqlOperandWriter::ProcessSubSelectExpression(FdoSubSelectExpression&) {
   throw FilterRefused{L"it has a sub-select"};

@@ -1,37 +1,39 @@
-// The operands of a condition: columns, literals and arithmetic, written as SQL.
+// The operands of a condition: columns, literals, arithmetic and functions, with what they are and, where
+// GDAL computes the same, how it writes them.
 #ifndef OGR_BACKEND_SQL_OPERAND_H_
 #define OGR_BACKEND_SQL_OPERAND_H_
 
 #include <Fdo.h>
 #include <fdo/schema.h>
+#include <fdo/value.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "expr/column_kinds.h"
 #include "ogr_backend/filter_sql.h"
 
 namespace fdo::internal {
 
-// Thrown where a filter cannot be written; caught by TranslateFilter.
+// Thrown where a filter has no meaning; caught by TranslateFilter.
 struct FilterRefused {
   std::wstring reason;
-  bool holdsForRows = false;  // the filter has a meaning all the same
 };
 
 struct SqlOperand {
-  enum Kind { kNumber, kText, kDate, kGeometry, kOther };
-
+  std::optional<ComparedAs> kind;  // nothing for null
+  bool isReal = false;             // of numbers
+  double bound = 0;                // of integers: none is farther from zero
+  std::optional<Value> literal;    // an integer, a double or a text
   std::string sql;
-  Kind kind = kOther;
-  bool isLiteral = false;
-  bool isZero = false;  // of a number literal
-  std::wstring text;    // of a text literal
+  std::wstring rowsOnly;  // why there is no sql; empty where there is
 };
 
-// A text constant in single quotes. Throws FilterRefused for text that GDAL's dialect cannot hold.
-std::string QuoteText(std::wstring const& text, FilterTarget const& target);
+SqlOperand NumberOperand(Value const& number, FilterLanguage language);
 
-// Writes expressions. Throws FilterRefused.
+// Writes expressions. Throws FilterRefused for what has no value, and for what stores of SQL do not take:
+// calculations with texts, and functions of what they are not made for.
 class SqlOperandWriter : public FdoIExpressionProcessor {
  public:
   // columns: the flags of the columns that are used are set there.
@@ -67,8 +69,9 @@ class SqlOperandWriter : public FdoIExpressionProcessor {
 
  private:
   int FindColumn(FdoIdentifier& identifier) const;
-  void Integer(FdoDataValue& value, __int64 number);
-  void Real(FdoDataValue& value, double number);
+  template <class Number>
+  void Literal(FdoDataValue& value, Number number);
+  void CheckCalculation(FdoBinaryOperations operation, SqlOperand const& right);
 
   TableDef const& def_;
   FilterTarget const& target_;

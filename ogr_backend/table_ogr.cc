@@ -154,10 +154,10 @@ void TableOgr::CommitWrite() {
 // --- Starting a query --------------------------------------------------------------------------
 
 FilterTarget TableOgr::Target() const {
-  FilterTarget target{source_.Traits().runsOwnSql, "", ""};
+  FilterTarget target{source_.Traits().filters, "", ""};
   char const* const idColumn = gdal_.OGR_L_GetFIDColumn(layer_);
   target.idName = idColumn == nullptr ? "" : idColumn;
-  if (target.ownSql) {
+  if (IsSql(target.language)) {
     char const* const geometryColumn = gdal_.OGR_L_GetGeometryColumn(layer_);
     target.geometryName = geometryColumn == nullptr ? "" : geometryColumn;
   } else {
@@ -213,9 +213,9 @@ void TableOgr::SetBox(double const* box) {
 
 TableOgr::TakenFilter TableOgr::Take(FdoFilter* filter) const {
   TakenFilter taken{TranslateFilter(filter, *def_, Target()), nullptr};
-  if (taken.sql.refused && taken.sql.holdsForRows) {
-    taken.rows = RowFilter::Make(gdal_, layer_, *def_, filter, taken.sql.refusal);
-  }
+  if (taken.sql.refused || taken.sql.isExact) return taken;
+  taken.rows = RowFilter::Make(gdal_, layer_, *def_, filter, taken.sql.reason);
+  taken.sql.refused = taken.rows == nullptr;
   return taken;
 }
 
@@ -228,14 +228,11 @@ FilterPlan TableOgr::Explain(FdoFilter* filter) const {
   return AtBoundary(plan, [&] {
     GdalErrorScope scope(gdal_);
     TakenFilter const taken = Take(filter);
-    if (!taken.sql.refused) {
-      plan.way = FilterPlan::kCondition;
-      plan.condition = ToWide(taken.sql.text.c_str());
-      return plan;
-    }
-    plan.reason = taken.sql.refusal;
+    plan.reason = taken.sql.reason;
+    if (taken.sql.refused) return plan;
+    plan.condition = ToWide(taken.sql.text.c_str());
+    plan.way = taken.rows == nullptr ? FilterPlan::kCondition : FilterPlan::kRowByRow;
     if (taken.rows == nullptr) return plan;
-    plan.way = FilterPlan::kRowByRow;
     plan.program = taken.rows->Listing();
     plan.narrows = taken.rows->Box().has_value();
     if (plan.narrows) std::copy_n(taken.rows->Box()->begin(), 4, plan.box);
@@ -249,13 +246,8 @@ bool TableOgr::PutInForce(FdoFilter* filter, FilterSql& sql) {
   TakenFilter taken = Take(filter);
   sql = std::move(taken.sql);
   rowFilter_ = std::move(taken.rows);
-  if (!sql.refused) return true;
-  if (rowFilter_ == nullptr) {
-    Refuse(sql.refusal.c_str());
-    return false;
-  }
-  sql.columns = rowFilter_->Columns();
-  return true;
+  if (sql.refused) Refuse(sql.reason.c_str());
+  return !sql.refused;
 }
 
 // Lets the layer leave out what a filter for rows cannot select, unless it has a box already: a geometry that
@@ -282,16 +274,17 @@ bool TableOgr::StartQuery(FdoFilter* filter) {
     GdalErrorScope scope(gdal_);
     FilterSql sql;
     if (filter != nullptr && !PutInForce(filter, sql)) return false;
-    bool const byGdal = filter != nullptr && rowFilter_ == nullptr;
     NarrowForFilter();
     // Some drivers look at what is ignored when the condition is set, so that comes second.
     ApplyDesiredFields(filter == nullptr ? nullptr : &sql.columns);
-    if (!SetCondition(byGdal ? &sql.text : nullptr)) {
-      // A condition that GDAL does not take leaves the layer without one, which must not widen the query.
+    bool const taken = SetCondition(sql.text.empty() ? nullptr : &sql.text);
+    // A condition that GDAL does not take leaves the layer without one, which must not widen the query.
+    if (!taken && rowFilter_ == nullptr) {
       Remember(scope);
       Refuse(std::wstring(lastError_).c_str());
       return false;
     }
+    filtered_ = filtered_ && taken;
     gdal_.OGR_L_ResetReading(layer_);
     return true;
   });
@@ -327,7 +320,7 @@ void TableOgr::QueryRange(__int64 first, __int64 last) {
   last_ = last - 1;
   GdalErrorScope scope(gdal_);
   FilterTarget const target = Target();
-  if (target.ownSql && !target.idName.empty()) {
+  if (IsSql(target.language) && !target.idName.empty()) {
     std::string const id = std::string("\"") + target.idName + "\"";
     std::string const condition =
         id + " >= " + std::to_string(first_) + " AND " + id + " <= " + std::to_string(last_);

@@ -1,6 +1,33 @@
 #include "testing/filter_family.h"
 
+#include <iterator>
+
+#include "testing/fgf_builder.h"
+
 namespace fdo {
+
+void FillFamilyRow(Row& row, std::mt19937& random) {
+  constexpr long long kIntegers[] = {0, 1, -1, 3, -7, 100};
+  constexpr long long kBig[] = {0, 5, -5, 2147483648, 9007199254740993, 9223372036854775807};
+  constexpr double kDoubles[] = {0, 0.5, -2.5, 0.1, 2.5, 100, 1e18, 9007199254740992};
+  constexpr wchar_t const* kTexts[] = {L"", L"a", L"A", L"abc", L"bc", L"x%y", L" 3 ", L"1e2"};
+  constexpr wchar_t const* kMoments[] = {L"2024-03-01T14:30:05", L"1999-12-31T00:00:00",
+                                         L"2024-03-01T14:30:06"};
+  constexpr char const* kShapes[] = {"POINT (2 2)", "POINT (4 1)", "POINT (9 9)", "LINESTRING (0 0, 9 9)"};
+  auto const any = [&](auto const& choices) { return choices[random() % std::size(choices)]; };
+  auto const isNull = [&] { return random() % 6 == 0; };
+  for (int i = 0; i < row.Def()->ColumnCount(); ++i) row[i].Reset();
+  if (!isNull()) row[L"i"].Reset(any(kIntegers));
+  if (!isNull()) row[L"big"].Reset(any(kBig));
+  if (!isNull()) row[L"d"].Reset(any(kDoubles));
+  if (!isNull()) row[L"t"].Reset(any(kTexts), /*copy=*/true);
+  if (!isNull()) row[L"f"].Reset(random() % 2 == 0);
+  if (!isNull()) row[L"w"].Reset(any(kMoments), /*copy=*/true);
+  if (!isNull()) {
+    auto const fgf = Fgf(any(kShapes));
+    row[row.Def()->IndexOfGeom()].Reset(fgf.data(), static_cast<int>(fgf.size()), /*copy=*/true);
+  }
+}
 
 std::wstring FilterFamily::Filter(int levels) {
   if (levels == 0 || Below(5) == 0) return Condition();

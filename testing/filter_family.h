@@ -2,12 +2,22 @@
 #ifndef TESTING_FILTER_FAMILY_H_
 #define TESTING_FILTER_FAMILY_H_
 
+#include <fdo/row.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <random>
 #include <string>
 
 namespace fdo {
+
+// What the filters are about, for MakeTableDef.
+inline constexpr wchar_t const* kFamilyColumns =
+    L"id:Int64 i:Int32 big:Int64 d:Double t:String f:Boolean w:DateTime shape:Geometry";
+
+// Fills all columns but the id, now and then with null; the geometry may have another name.
+// Requires: the row has the columns, in any order
+void FillFamilyRow(Row& row, std::mt19937& random);
 
 // Filters over the columns i:Int32 big:Int64 d:Double t:String f:Boolean w:DateTime, an id and a geometry:
 // comparisons of numbers, texts, moments and of texts with numbers, arithmetic, functions, IN, LIKE, spatial

@@ -17,13 +17,13 @@ class GdalSource;
 struct FilterPlan {
   enum Way {
     kCondition,  // GDAL runs it, as the condition
-    kRowByRow,   // the program is computed for each row that GDAL gives
+    kRowByRow,   // the program is computed for each row that GDAL gives, by the condition if there is one
     kRefused,    // there is no way
   };
 
   Way way = kRefused;
-  std::wstring condition;  // of kCondition: in GDAL's dialect or, for a format that is a database, in its SQL
-  std::wstring reason;     // else: why GDAL cannot run the filter or, if it is refused, why nothing can
+  std::wstring condition;  // in GDAL's dialect or, for a format that is a database, in its SQL
+  std::wstring reason;     // why GDAL cannot run the whole filter or, if it is refused, why nothing can
   std::wstring program;    // of kRowByRow: see ExprEval::Listing
   // Of kRowByRow: GDAL gives only rows whose geometry meets the box, unless the query has a box of its own.
   bool narrows = false;
@@ -46,16 +46,16 @@ struct FilterPlan {
 //   with a filter keeps it, too. Query() and QueryRange drop it. Which rows meet a box is GDAL's
 //   matter: those whose geometry does, not only its envelope.
 // - GetRowCount, IsEmpty and GetExtent end the running query.
-// - A filter is handed to GDAL as a condition of the same meaning; text is equal when case is, too, its order
-//   and LIKE's view of case are the format's. What GDAL cannot run so is computed for each row (see ExprEval,
-//   with both of its options; LIKE then tells upper from lower case): dates, spatial and distance conditions,
-//   functions, NULL beyond the test for it, brackets in LIKE, division by a column; and, unless the format is
-//   a database, an underscore in LIKE, which GDAL counts in bytes. GDAL reads only what lies near the
-//   geometry of a spatial condition that must hold; such rows are counted by a scan only. What cannot be
-//   computed at all is refused: names that are no columns, text compared with numbers, geometry compared,
-//   parameters, sub-selects, unknown functions. A refused filter gives no rows, the count -1, and one
-//   diagnostic line; a filter that fails for a row ends the query, with one line. ExplainFilter tells which
-//   of these comes.
+// - A filter means what it means to an ExprEval with ExprOptions::AsInSql, in every format. GDAL runs what
+//   has that meaning to it: comparisons of numbers and the test for null in most formats, of text and LIKE
+//   too where the format is a SQLite file. Where that is not the whole filter, the table computes it for each
+//   row that GDAL finds by the parts joined by AND that it can run, and near the geometry of a spatial
+//   condition that must hold; such rows are counted by a scan only. A driver of which nobody knows what a
+//   condition means to it is given none. What has no value or meaning is refused: names that are no columns,
+//   numbers beside text that is none, dates beside numbers, geometry or bytes compared, calculations with
+//   text, parameters, sub-selects, unknown functions and functions of what they are not made for. A refused
+//   filter gives no rows, the count -1, and one diagnostic line; a filter that fails for a row ends the
+//   query, with one line. ExplainFilter tells which of these comes.
 // - Update(row, filter) ignores the filter: column 0 of the row says which feature is rewritten.
 //   Gives: 1, or -1 on failure.
 // - Update(row, id) is not supported: it does nothing and returns false.

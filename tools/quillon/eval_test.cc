@@ -201,6 +201,8 @@ TEST(QueryExplain, SaysWhichWayTheFilterGoes) {
             "OpPushField        9 pop\n"
             "OpFunction         30 mod\n"
             "OpEqual\n");
+  EXPECT_THAT(Printed("query", {World(), "--where", "pop > 1e8 and mod(pop, 2) = 1", "--explain"}),
+              testing::HasSubstr("rows: those that GDAL (GPKG) finds by (\"pop\" > 1e+08)\nprogram:\n"));
   EXPECT_THAT(
       Printed("query", {towns, "--where", "OGR_GEOMETRY within GeomFromText('POINT (1 1)')", "--explain"}),
       testing::ContainsRegex("box: 0\\.9+[0-9]*,0\\.9+[0-9]*,1\\.0+[0-9]*,1\\.0+[0-9]*, of the filter's "

@@ -69,6 +69,10 @@ std::string AsText(Plan const& plan, BoundSelection const& bound) {
       break;
     case Runner::kTool:
       text += fmt::format("computed row by row, since GDAL cannot run it: {}\n", Utf8(plan.filter.reason));
+      if (!plan.filter.condition.empty()) {
+        text += fmt::format("rows: those that GDAL ({}) finds by {}\n", plan.backEnd,
+                            Utf8(plan.filter.condition));
+      }
       break;
   }
   if (bound.box) {
@@ -90,7 +94,7 @@ std::string AsJson(Plan const& plan, BoundSelection const& bound) {
   json.BeginObject();
   json.Text("filter", std::string_view(NameOf(plan.runner)));
   json.Text("back_end", std::string_view(plan.backEnd));
-  if (plan.runner == Runner::kGdal) json.Text("condition", std::wstring_view(plan.filter.condition));
+  if (!plan.filter.condition.empty()) json.Text("condition", std::wstring_view(plan.filter.condition));
   if (plan.runner == Runner::kTool) json.Text("reason", std::wstring_view(plan.filter.reason));
   if (bound.box) {
     addBox(json, bound.box->data());
