@@ -262,7 +262,9 @@ class SqliteFailures : public testing::Test {
   }
 
   void BeginAgain() const {
-    std::filesystem::copy_file(original_, file_, std::filesystem::copy_options::overwrite_existing);
+    // Not every C++ library overwrites a file when it is asked to.
+    std::filesystem::remove(file_);
+    std::filesystem::copy_file(original_, file_);
     std::filesystem::remove(file_.string() + "-journal");
   }
 

@@ -20,9 +20,11 @@ namespace fdo::tool {
 
 namespace {
 
-// Sources that GDAL knows without a file of that name: "/vsizip/...", "PG:...", "https://...".
-bool MayBeNoFile(std::wstring const& name) {
-  return name.rfind(L"/vsi", 0) == 0 || name.find(L':') != std::wstring::npos;
+// Sources that GDAL knows without a file of that name: "/vsizip/...", "PG:...", "https://...". The colon of a
+// drive, where there are drives, makes none.
+bool MayBeNoFile(std::string const& name) {
+  std::size_t const drive = PathOf(name).root_name().native().size();
+  return name.rfind("/vsi", 0) == 0 || name.find(':', drive) != std::string::npos;
 }
 
 // Each once, those that are not empty.
@@ -65,7 +67,7 @@ Source OpenSource(SourceOptions const& options, Session& session) {
   bool const providerIsNamed = !wideProvider.empty();
   std::error_code ignored;
   bool const exists = std::filesystem::exists(PathOf(name), ignored);
-  if (!providerIsNamed && !exists && !MayBeNoFile(wideName)) throw SourceMissing(name);
+  if (!providerIsNamed && !exists && !MayBeNoFile(name)) throw SourceMissing(name);
 
   Database* const database =
       DbPool::GetConnectionForReading(wideName.c_str(), wideProvider.c_str(), nullptr, /*loadSchema=*/true);
