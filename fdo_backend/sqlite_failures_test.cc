@@ -225,7 +225,7 @@ std::vector<Change> Changes() {
         [](DatabaseFdo& database) {
           Row row(Parcels(database).Def());
           FillRow(row, 99);
-          return std::to_string(Parcels(database).Update(row, __int64{1}));
+          return std::to_string(Parcels(database).Update(row, static_cast<__int64>(1)));
         },
         "1", "0"},
        {"20,30,99", "10,20,30"}},
@@ -234,7 +234,10 @@ std::vector<Change> Changes() {
         "2", "0"},
        {"30", "10,20,30"}},
       {{"Delete by id",
-        [](DatabaseFdo& database) { return std::to_string(Parcels(database).Delete(__int64{1})); }, "1", "0"},
+        [](DatabaseFdo& database) {
+          return std::to_string(Parcels(database).Delete(static_cast<__int64>(1)));
+        },
+        "1", "0"},
        {"20,30", "10,20,30"}},
   };
 }
