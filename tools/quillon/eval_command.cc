@@ -24,7 +24,11 @@ char const kEvalDetails[] =
     "EXPRESSION is an FDO expression or filter. Without a SOURCE it is computed once, over the values that\n"
     "--set gives: whole numbers, numbers, true, false, null, and text, which '...' makes of anything. With\n"
     "one it is computed for each row, and printed behind the row's id, or number when it has none. Null is\n"
-    "unknown, as in SQL: what is calculated of it is null, and an unknown filter is false.\n"
+    "unknown, as in SQL: what is calculated of it is null, and an unknown filter is false. A text beside a\n"
+    "number is the number that it is, or else unknown.\n"
+    "\n"
+    "--explain prints the program instead. Names then need no value; one without has no type either, and\n"
+    "what is compared with it stays as it is written.\n"
     "\n"
     "Functions:\n"
     "  numbers  abs acos asin atan atan2 ceil cos exp floor ln log mod pow power random remainder round "
@@ -35,7 +39,7 @@ char const kEvalDetails[] =
     "\n"
     "  quillon eval \"round(pop / area, 2)\" --set pop=83000000 --set area=357000.0\n"
     "  quillon eval \"pop / area_km2\" world.gpkg --where \"continent = 'Asia'\" --limit 5\n"
-    "  quillon eval \"a = 1 and b like 'x%'\" --set a=1 --set b=xyz --explain\n"
+    "  quillon eval \"a = 1 and b like 'x%'\" --explain\n"
     "  quillon eval -- \"-a\" ...  for what begins with a minus";
 
 namespace {
@@ -90,14 +94,15 @@ Value Compute(ExprEval& eval, Formula const& formula, Row const& row) {
 
 ExitCode EvalOnce(EvalOptions const& options, Formula const& formula, Session& session) {
   NamedValues const values(options.assignments);
+  if (options.explain) {
+    TableDef const def = values.DefWithNamesOf(formula.filter.p, formula.expression.p);
+    WriteProgram(Compile(formula, def), formula, def, options.json, session.output);
+    return ExitCode::kDone;
+  }
   values.Check(formula.filter.p, formula.expression.p);
   ExprEval eval = Compile(formula, values.Def());
-  if (options.explain) {
-    WriteProgram(eval, formula, values.Def(), options.json, session.output);
-  } else {
-    Value const value = Compute(eval, formula, values.Row());
-    WriteValue(value, TypeOfBytes(eval, values.Def()), options.json, session.output);
-  }
+  Value const value = Compute(eval, formula, values.Row());
+  WriteValue(value, TypeOfBytes(eval, values.Def()), options.json, session.output);
   return ExitCode::kDone;
 }
 

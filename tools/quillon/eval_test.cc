@@ -60,6 +60,9 @@ TEST(Eval, OneValue) {
       {{"a > 1 and b like 'x%'", "--set", "a=2", "--set", "b=xyz"}, "true"},
       {{"a > 1", "--set", "a=null"}, "false"},
       {{"not a > 1", "--set", "a=null"}, "false"},
+      {{"a = 5", "--set", "a=' 5.0 '"}, "true"},
+      {{"a < 10", "--set", "a='9'"}, "true"},
+      {{"9223372036854775807 + 1 > 0"}, "true"},
       {{"a in (1, 2)", "--set", "a=2"}, "true"},
       {{"a null", "--set", "a=null"}, "true"},
       {{"a = '5'", "--filter", "--set", "a='5'"}, "true"},
@@ -143,6 +146,20 @@ TEST(Eval, ExplainPrintsTheProgram) {
             "OpPushField        0 a\n"
             "OpEqual\n"
             "OpAnd\n");
+  // Names need no value. What has a type is compared as such, what has none as it is written.
+  EXPECT_EQ(Printed("eval", {"a = '1' and b = '2' and b > c", "--set", "a=5", "--explain"}),
+            "OpPushField        2 c\n"
+            "OpPushField        1 b\n"
+            "OpGreater\n"
+            "OpPushLiteral      '2'\n"
+            "OpPushField        1 b\n"
+            "OpEqual\n"
+            "OpPushLiteral      1\n"
+            "OpPushField        0 a\n"
+            "OpEqual\n"
+            "OpAnd\n"
+            "OpAnd\n");
+  EXPECT_EQ(Printed("eval", {"x + 1", "--explain"}), "OpPushLiteral      1\nOpPushField        0 x\nOpAdd\n");
   json const program = json::parse(Printed("eval", {"pop + 1", World(), "--explain", "--json"}));
   EXPECT_EQ(program["kind"], "expression");
   ASSERT_EQ(program["program"].size(), 3u);

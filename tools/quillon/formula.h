@@ -23,7 +23,7 @@ struct Formula {
 // further stopped at, and for functions that are unknown or have a wrong number of arguments.
 Formula ParseFormula(std::string const& text, bool isFilter);
 
-// Null is unknown, as in a store's SQL, and every kind of condition works.
+// Computes as SQL stores do, see ExprOptions::AsInSql.
 // Errors: throws Failure for what cannot be computed.
 // Requires: every identifier is a column of def
 ExprEval Compile(Formula const& formula, TableDef const& def);

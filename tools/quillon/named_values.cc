@@ -14,21 +14,39 @@ namespace fdo::tool {
 
 namespace {
 
-class NameCheck : public TreeVisitor {
+// Finds the identifiers that are no columns.
+class NameVisitor : public TreeVisitor {
  public:
-  explicit NameCheck(TableDef const& def) : def_(def) {}
+  explicit NameVisitor(TableDef const& def) : def_(def) {}
+
+  // Each once, in the order in which they come.
+  std::vector<std::wstring> const& Missing() const { return missing_; }
 
  protected:
   void OnIdentifier(FdoIdentifier& identifier) override {
     if (def_.IndexOf(identifier.GetText()) >= 0 || def_.IndexOf(identifier.GetName()) >= 0) return;
-    std::vector<std::wstring> names;
-    for (int i = 0; i < def_.ColumnCount(); ++i) names.emplace_back(def_[i].Name());
-    throw NoValue(Utf8(identifier.GetName()), Utf8(Suggest(identifier.GetName(), names)));
+    std::wstring const name = identifier.GetName();
+    if (std::find(missing_.begin(), missing_.end(), name) == missing_.end()) missing_.push_back(name);
   }
 
  private:
   TableDef const& def_;
+  std::vector<std::wstring> missing_;
 };
+
+std::vector<std::wstring> NamesMissing(TableDef const& def, FdoFilter* filter, FdoExpression* expression) {
+  NameVisitor visitor(def);
+  visitor.Visit(filter);
+  visitor.Visit(expression);
+  return visitor.Missing();
+}
+
+TableDef DefOf(std::vector<ColumnDef> const& columns) {
+  TableDef def;
+  constexpr int kNone = -1;
+  def.Initialize(L"", L"", columns.data(), static_cast<int>(columns.size()), kNone, kNone, 0);
+  return def;
+}
 
 bool IsWord(std::string_view text, std::string_view lowerCase) {
   auto const same = [](char c, char lower) {
@@ -83,10 +101,7 @@ TableDef MakeDef(std::vector<std::string> const& assignments) {
     ColumnDef::DataType const type = TypeOf(ReadValue(std::string_view(assignment).substr(sign + 1)));
     columns.emplace_back().Initialize(name.c_str(), type, 0, Value(), nullptr);
   }
-  TableDef def;
-  constexpr int kNone = -1;
-  def.Initialize(L"", L"", columns.data(), static_cast<int>(columns.size()), kNone, kNone, 0);
-  return def;
+  return DefOf(columns);
 }
 
 }  // namespace
@@ -113,9 +128,20 @@ NamedValues::NamedValues(std::vector<std::string> const& assignments)
 }
 
 void NamedValues::Check(FdoFilter* filter, FdoExpression* expression) const {
-  NameCheck check(def_);
-  check.Visit(filter);
-  check.Visit(expression);
+  std::vector<std::wstring> const missing = NamesMissing(def_, filter, expression);
+  if (missing.empty()) return;
+  std::vector<std::wstring> names;
+  for (int i = 0; i < def_.ColumnCount(); ++i) names.emplace_back(def_[i].Name());
+  throw NoValue(Utf8(missing[0]), Utf8(Suggest(missing[0].c_str(), names)));
+}
+
+TableDef NamedValues::DefWithNamesOf(FdoFilter* filter, FdoExpression* expression) const {
+  std::vector<ColumnDef> columns;
+  for (int i = 0; i < def_.ColumnCount(); ++i) columns.push_back(def_[i]);
+  for (std::wstring const& name : NamesMissing(def_, filter, expression)) {
+    columns.emplace_back().Initialize(name.c_str(), ColumnDef::kUnset, 0, Value(), nullptr);
+  }
+  return DefOf(columns);
 }
 
 }  // namespace fdo::tool

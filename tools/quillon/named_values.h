@@ -32,6 +32,10 @@ class NamedValues {
   // Errors: throws Failure for the first identifier that has no value.
   void Check(FdoFilter* filter, FdoExpression* expression) const;
 
+  // The named values and, behind them, the identifiers that have none, each once, in the order in which they
+  // come. These have no type, so that what is compared with them is taken as it is written.
+  TableDef DefWithNamesOf(FdoFilter* filter, FdoExpression* expression) const;
+
  private:
   TableDef def_;
   fdo::Row row_;
