@@ -11,6 +11,7 @@ GivenValues::GivenValues(StoreClassPtr storeClass, WatchedValues& values)
     : storeClass_(std::move(storeClass)), changes_(values.Changes()) {
   for (FdoInt32 i = 0; i < values.GetCount(); ++i) {
     FdoPtr<FdoPropertyValue> value = values.GetItem(i);
+    if (value == nullptr) Refuse(L"A property value is missing.");
     FdoPtr<FdoIdentifier> name = value->GetName();
     FdoPtr<FdoValueExpression> expression = value->GetValue();
     FdoPtr<FdoIStreamReader> stream = value->GetStreamReader();
@@ -52,11 +53,12 @@ bool GivenValues::Bind(Statement& statement, WatchedValues& values, FdoParameter
   return true;
 }
 
-// Errors: false, and the items stay, when there are more or fewer properties, or one is null.
+// Errors: false when there are more or fewer properties, or one is missing.
 bool GivenValues::TakeProperties(WatchedValues& values) {
   if (static_cast<std::size_t>(values.GetCount()) != items_.size()) return false;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     items_[i].property = values.GetItem(static_cast<FdoInt32>(i));
+    if (items_[i].property == nullptr) return false;
   }
   changes_ = values.Changes();
   return true;

@@ -170,6 +170,8 @@ TEST_F(Writes, AHeldCommandFollowsItsValues) {
   insertOne();
   values->SetItem(0, FdoPtr<FdoPropertyValue>(FdoPropertyValue::Create(L"people", number)));
   insertOne();
+  values->SetItem(0, nullptr);
+  EXPECT_EQ(MessageThrownBy<FdoCommandException>(insertOne), L"A property value is missing.");
   insert = nullptr;
   EXPECT_EQ(store_.Rows("SELECT id, name, people FROM town"),
             "1|a|1;2|b|NULL;3|b|3;4|b|4;5|b|NULL;6|b|3;70|b|NULL;71|b|70;72|c|70;73|c|70;74|c|3");
