@@ -7,6 +7,8 @@
 #include <memory>
 #include <random>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "bench/cell_checksum.h"
@@ -157,12 +159,16 @@ Sides FdoInsertJob(Workbench const& bench, std::string_view data) {
           [=] { return raw->Insert(*rows, shape, SqliteStore::kBatch); }};
 }
 
+// "points" and "polygons", or "synced points" and "synced polygons".
 Sides FdoInsertVsOgrJob(Workbench const& bench, std::string_view data) {
-  Shape const shape = ShapeOf(data);
+  constexpr std::string_view kSynced = "synced ";
+  bool const isSynced = data.substr(0, kSynced.size()) == kSynced;
+  std::string_view const rowsName = isSynced ? data.substr(kSynced.size()) : data;
+  std::string const peer = (isSynced ? "synced gpkg " : "gpkg ") + std::string(rowsName);
+  Shape const shape = ShapeOf(rowsName);
   auto const rows = std::make_shared<std::vector<KeptRow> const>(KeptRows(bench, shape));
   auto const ours = std::make_shared<SqliteStore>(SqliteStore::Create(WrittenFile(bench, "ours.sqlite")));
-  auto const gpkg =
-      std::make_shared<NewVectorFile>(WrittenFile(bench, "peer.gpkg"), "gpkg " + std::string(data));
+  auto const gpkg = std::make_shared<NewVectorFile>(WrittenFile(bench, "peer.gpkg"), peer);
   return {[=] {
             ours->Insert(*rows, shape);
             return Written(*rows);

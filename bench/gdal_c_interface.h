@@ -17,6 +17,7 @@ using OGRFeatureH = struct OGRFeatureHS*;
 using OGRGeometryH = struct OGRGeometryHS*;
 using OGRSpatialReferenceH = void*;
 
+void CPLSetThreadLocalConfigOption(char const* key, char const* value);
 void GDALAllRegister();
 GDALDriverH GDALGetDriverByName(char const* name);
 GDALDatasetH GDALCreate(GDALDriverH driver, char const* name, int width, int height, int bands, int dataType,

@@ -18,6 +18,7 @@ Sides EvalSqliteJob(Workbench const& bench, std::string_view data);
 Sides EvalVariantJob(Workbench const& bench, std::string_view data);
 Sides FdoByIdJob(Workbench const& bench, std::string_view data);
 Sides FdoFilterJob(Workbench const& bench, std::string_view data);
+Sides FdoInsertIndexedVsOgrJob(Workbench const& bench, std::string_view data);
 Sides FdoInsertJob(Workbench const& bench, std::string_view data);
 Sides FdoInsertVsOgrJob(Workbench const& bench, std::string_view data);
 Sides FdoLazyJob(Workbench const& bench, std::string_view data);

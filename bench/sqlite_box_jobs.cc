@@ -1,4 +1,4 @@
-// Box queries and the spatial index of the SQLite provider.
+// Box queries of the SQLite provider.
 #include <Fdo.h>
 
 #include <algorithm>
@@ -13,7 +13,6 @@
 #include "bench/provider_rows.h"
 #include "bench/raw_sqlite.h"
 #include "bench/sqlite_store.h"
-#include "bench/vector_files.h"
 
 namespace fdo::bench {
 namespace {
@@ -94,36 +93,6 @@ Sides SqliteBox1PctJob(Workbench const& bench, std::string_view data) {
 
 Sides SqliteBox001PctJob(Workbench const& bench, std::string_view data) {
   return BoxJob(bench, data, 0.0001, 300);
-}
-
-Sides SqliteInsertIndexedJob(Workbench const& bench, std::string_view data) {
-  Shape const shape = ShapeOf(data);
-  std::int64_t const count = std::min<std::int64_t>(bench.rows, 300'000);
-  auto const rows = std::make_shared<std::vector<KeptRow> const>(KeepRows(bench.seed, shape, count));
-  std::filesystem::path const file = bench.dataDirectory / "indexed.sqlite";
-  std::filesystem::path const gpkg = bench.dataDirectory / "indexed.gpkg";
-  std::filesystem::create_directories(bench.dataDirectory);
-  return {
-      [=] {
-        SqliteStore::Create(file);
-        Work const work = Translated([&] {
-          FdoPtr<FdoIConnection> connection = OpenProvider(file);
-          InsertRows(connection, *rows, shape, SqliteStore::kBatch);
-          connection->Close();  // makes the index
-          return Work{static_cast<double>(count), static_cast<std::uint64_t>(count)};
-        });
-        if (RawSqlite(file).Number("SELECT sum(box_count) FROM fdo_spatial_index_segment") != count) {
-          throw std::runtime_error("the index is not in place");
-        }
-        return work;
-      },
-      [=, name = "indexed gpkg " + std::string(data)] {
-        NewVectorFile(gpkg, name).Append(*rows, SqliteStore::kBatch);
-        if (RawSqlite(gpkg).Number("SELECT count(*) FROM sqlite_schema WHERE name LIKE 'rtree%_node'") != 1) {
-          throw std::runtime_error("the index is not in place");
-        }
-        return Work{static_cast<double>(count), static_cast<std::uint64_t>(count)};
-      }};
 }
 
 }  // namespace fdo::bench

@@ -17,10 +17,13 @@ struct Format {
   char const* fileName;
   int dateTimeType;  // the nearest that the format has
   char const* layerOptions[2];
+  bool isSynced = false;  // each transaction waits for the disk, as SQLite's own default is
 };
 
 // A scan needs no index of the boxes, and making one takes longer than all the rest.
 constexpr Format kGpkg{"GPKG", "rows.gpkg", kOftDateTime, {"SPATIAL_INDEX=NO", nullptr}};
+// GDAL does not wait for the disk while it writes a new GeoPackage, unless it is told to.
+constexpr Format kSyncedGpkg{"GPKG", "rows.gpkg", kOftDateTime, {"SPATIAL_INDEX=NO", nullptr}, true};
 constexpr Format kIndexedGpkg{"GPKG", "rows.gpkg", kOftDateTime, {"SPATIAL_INDEX=YES", nullptr}};
 constexpr Format kFgb{"FlatGeobuf", "rows.fgb", kOftDateTime, {"SPATIAL_INDEX=NO", nullptr}};
 constexpr Format kShp{"ESRI Shapefile", "rows.shp", kOftDate, {"ENCODING=UTF-8", nullptr}};
@@ -34,6 +37,8 @@ struct VectorData {
 constexpr VectorData kVectorData[] = {
     {"gpkg points", kGpkg, Shape::kPoint},
     {"gpkg polygons", kGpkg, Shape::kPolygon},
+    {"synced gpkg points", kSyncedGpkg, Shape::kPoint},
+    {"synced gpkg polygons", kSyncedGpkg, Shape::kPolygon},
     {"indexed gpkg points", kIndexedGpkg, Shape::kPoint},
     {"indexed gpkg polygons", kIndexedGpkg, Shape::kPolygon},
     {"fgb points", kFgb, Shape::kPoint},
@@ -131,6 +136,7 @@ NewFile CreateVectorFile(std::filesystem::path const& path, VectorData const& da
   Format const& format = data.format;
   GDALDriverH const driver = Made(GDALGetDriverByName(format.driver), format.driver);
   constexpr int kUnknownDataType = 0;  // there is no raster
+  CPLSetThreadLocalConfigOption("OGR_SQLITE_SYNCHRONOUS", format.isSynced ? "FULL" : nullptr);
   GdalDataset dataset(
       Made(GDALCreate(driver, path.string().c_str(), 0, 0, 0, kUnknownDataType, nullptr), "data source"));
   OGRLayerH const layer =
