@@ -13,10 +13,6 @@ DateTexts::Text& DateTexts::TextOf(int column) {
   return texts_.emplace_back(Text{column, Value()});
 }
 
-void DateTexts::TakeBack(Value* cells) {
-  for (Text& text : texts_) TakeBack(text, cells[text.column]);
-}
-
 void DateTexts::Write(FdoDateTime const& moment, int column, Value& cell) {
   Text& text = TextOf(column);
   TakeBack(text, cell);

@@ -17,7 +17,9 @@ class DateTexts {
  public:
   // Leaves the cells that have such a text null.
   // Requires: cells[i] is the cell of column i.
-  void TakeBack(Value* cells);
+  void TakeBack(Value* cells) {
+    for (Text& text : texts_) TakeBack(text, cells[text.column]);
+  }
 
   // The cell, which is that of the column, becomes the text, or null for what has neither year nor hour.
   void Write(FdoDateTime const& moment, int column, Value& cell);

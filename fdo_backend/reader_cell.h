@@ -8,6 +8,7 @@
 
 #include "fdo_backend/date_texts.h"
 #include "port/inlining.h"
+#include "sdk/extensions/direct_cells.h"
 
 namespace fdo::internal {
 
@@ -73,6 +74,42 @@ QUILLON_ALWAYS_INLINE void ReadCell(FdoIFeatureReader& reader, Key property, Col
       break;
   }
   cell.Invalidate();  // a type without a getter
+}
+
+// The same through a reader that offers it, by position.
+// Errors: false where ReadCell is to be used; what the reader throws.
+QUILLON_ALWAYS_INLINE bool ReadCellDirectly(fdo_sdk::DirectCells& reader, FdoInt32 position,
+                                            ColumnDef::DataType type, DateTexts& dateTexts, int column,
+                                            Value& cell) {
+  static_assert(static_cast<FdoInt32>(ColumnDef::kGeometry) == fdo_sdk::kDirectGeometry);
+  using fdo_sdk::DirectKind;
+  fdo_sdk::DirectCell read;
+  switch (reader.ReadCell(position, static_cast<FdoInt32>(type), read)) {
+    case DirectKind::kNone:
+      return false;
+    case DirectKind::kNull:
+      cell.Reset();
+      break;
+    case DirectKind::kFlag:
+      cell.Reset(read.flag);
+      break;
+    case DirectKind::kInteger:
+      cell.Reset(static_cast<long long>(read.integer));
+      break;
+    case DirectKind::kReal:
+      cell.Reset(read.real);
+      break;
+    case DirectKind::kText:
+      cell.Reset(read.text, /*copy=*/false);
+      break;
+    case DirectKind::kMoment:
+      dateTexts.Write(*read.moment, column, cell);
+      break;
+    case DirectKind::kBytes:
+      cell.Reset(read.bytes, read.size, /*copy=*/false);
+      break;
+  }
+  return true;
 }
 
 }  // namespace fdo::internal

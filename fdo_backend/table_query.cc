@@ -8,6 +8,7 @@
 #include "access/boundary.h"
 #include "fdo_backend/query_filters.h"
 #include "fdo_backend/table_command.h"
+#include "sdk/extensions/direct_cells.h"
 
 namespace fdo {
 namespace {
@@ -61,6 +62,7 @@ void TableFdo::SelectProperties() {
 void TableFdo::Execute(FdoFilter* filter) {
   if (filter != nullptr) select_->SetFilter(filter);
   reader_ = select_->Execute();
+  if (!accessByName_) directCells_ = dynamic_cast<fdo_sdk::DirectCells*>(reader_.p);
 }
 
 void TableFdo::Query() {

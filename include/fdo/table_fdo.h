@@ -17,12 +17,16 @@ class FdoIInsert;
 class FdoISelect;
 class FdoIUpdate;
 
+namespace fdo_sdk {
+class DirectCells;
+}
+
 namespace fdo {
 
 namespace internal {
 class DateTexts;
 class InsertValues;
-}
+}  // namespace internal
 
 // One feature class behind an FDO connection. Commands are made when they are first needed and kept.
 //
@@ -119,6 +123,12 @@ class QUILLON_EXPORT TableFdo : public Table {
   void InitSelect();
   void SelectProperties();
   void Execute(FdoFilter* filter);
+  // As ConvertValue, by the published operations of the reader.
+  void ConvertPublished(Value& cell, int column) const;
+  // Of the column in the rows of the running query; below 0 where it was not asked for.
+  FdoInt32 PositionOf(int column) const {
+    return shown_.positions.empty() ? column : shown_.positions[static_cast<std::size_t>(column)];
+  }
   // The condition identity = id, which is kept and set to that id; null, with a diagnostic line, for an
   // identity that is no integer.
   FdoPtr<FdoFilter> GetIdFilter(__int64 id) const;
@@ -140,7 +150,8 @@ class QUILLON_EXPORT TableFdo : public Table {
   DesiredFields shown_;    // of the running query
   bool accessByName_;
   FdoPtr<FdoIConnection> connection_;
-  FdoPtr<FdoIFeatureReader> reader_;  // of the running query
+  FdoPtr<FdoIFeatureReader> reader_;             // of the running query
+  fdo_sdk::DirectCells* directCells_ = nullptr;  // of reader_, by position; null where it has none
   FdoPtr<FdoIInsert> insert_;
   FdoPtr<FdoIDelete> delete_;
   FdoPtr<FdoIUpdate> update_;

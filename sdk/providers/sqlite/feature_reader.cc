@@ -1,5 +1,6 @@
 #include "sdk/providers/sqlite/feature_reader.h"
 
+#include "sdk/extensions/direct_cells.h"
 #include "sdk/providers/base/reads_by_name.h"
 #include "sdk/providers/sqlite/class_description.h"
 
@@ -24,7 +25,7 @@ FdoPropertyDefinition* DescribeComputed(ResultColumn const& column) {
   return data.Detach();
 }
 
-class FeatureReader : public ReaderBase<FdoIFeatureReader> {
+class FeatureReader : public ReaderBase<FdoIFeatureReader>, public fdo_sdk::DirectCells {
  public:
   FeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape)
       : ReaderBase<FdoIFeatureReader>(connection, std::move(cursor)), shape_(std::move(shape)) {}
@@ -63,6 +64,9 @@ class FeatureReader : public ReaderBase<FdoIFeatureReader> {
     GeometryBytes const fgf = cursor_.Geometry(index);
     *count = static_cast<FdoInt32>(fgf.size);
     return fgf.data;
+  }
+  fdo_sdk::DirectKind ReadCell(FdoInt32 index, FdoInt32 type, fdo_sdk::DirectCell& cell) override {
+    return cursor_.ReadDirectly(index, type, cell);
   }
   FdoIFeatureReader* GetFeatureObject(FdoString*) override { RefuseObjects(); }
   FdoIFeatureReader* GetFeatureObject(FdoInt32) override { RefuseObjects(); }

@@ -9,12 +9,13 @@
 #include <vector>
 
 #include "Fdo.h"
+#include "sdk/extensions/direct_cells.h"
 #include "sdk/providers/sqlite/geometry_format.h"
 
 namespace fdo_sqlite {
 
 // In the place of a data type, where a column holds geometry.
-inline constexpr int kGeometryColumn = -1;
+inline constexpr int kGeometryColumn = fdo_sdk::kDirectGeometry;
 
 struct ResultColumn {
   std::wstring name;

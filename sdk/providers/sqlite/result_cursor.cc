@@ -4,14 +4,22 @@
 
 #include "sdk/providers/sqlite/column_types.h"
 #include "sdk/providers/sqlite/data_version.h"
+#include "sdk/providers/sqlite/date_text.h"
 #include "sdk/providers/sqlite/sql_fragment.h"
 
 namespace fdo_sqlite {
+
+using fdo_sdk::DirectCell;
+using fdo_sdk::DirectKind;
+
 namespace {
 
 wchar_t const* NameOf(int type) {
   return type == kGeometryColumn ? L"geometry" : TypeName(static_cast<FdoDataType>(type));
 }
+
+// For a value that is not of the type that is read without a conversion.
+DirectKind NullOrNone(int stored) { return stored == SQLITE_NULL ? DirectKind::kNull : DirectKind::kNone; }
 
 }  // namespace
 
@@ -70,10 +78,11 @@ void ResultCursor::MakeCells(FdoInt32 index) {
     buffers_.cells = std::make_unique<Cell[]>(static_cast<std::size_t>(columns_->Count()));
     for (int i = 0; i < columns_->Count(); ++i) buffers_.cells.get()[i].columnType = columns_->At(i).type;
   }
+  LocateValues();
   readyCells_ = static_cast<std::uint32_t>(columns_->Count());
 }
 
-void ResultCursor::LocateEach() {
+void ResultCursor::LocateValues() {
   for (FdoInt32 i = 0; i < columns_->Count(); ++i)
     buffers_.cells[static_cast<std::size_t>(i)].value = ValueAt(i);
 }
@@ -98,6 +107,10 @@ FdoString* ResultCursor::Text(FdoInt32 index) {
   std::string_view const text =
       cell.type == SQLITE_TEXT ? TextBytesOf(cell.value) : TextOf(cell.value, number);
   if (text.data() == nullptr) RequireBytes(index, cell);
+  return Decode(index, text);
+}
+
+FdoString* ResultCursor::Decode(FdoInt32 index, std::string_view text) {
   if (buffers_.texts == nullptr) {
     buffers_.texts = std::make_unique<WideBuffer[]>(static_cast<std::size_t>(columns_->Count()));
   }
@@ -138,6 +151,59 @@ GeometryBytes ResultCursor::ReadGeometry(FdoInt32 index, Cell const& cell) {
   slot.fgf = slot.stored->Fgf(cell.value);
   slot.row = buffers_.row;
   return slot.fgf;
+}
+
+DirectKind ResultCursor::LocateAndRead(FdoInt32 index, FdoInt32 type, DirectCell& result) {
+  // Cells that are cut off are null for the getters.
+  if (IsCutOff()) return DirectKind::kNone;
+  MakeCells(index);
+  return ReadDirectly(index, type, result);
+}
+
+DirectKind ResultCursor::DirectInteger(sqlite3_value* value, FdoInt32 type, DirectCell& result) {
+  int const stored = sqlite3_value_type(value);
+  if (stored != SQLITE_INTEGER) return NullOrNone(stored);
+  std::int64_t const number = sqlite3_value_int64(value);
+  if (type == FdoDataType_Boolean) {
+    result.flag = number != 0;
+    return DirectKind::kFlag;
+  }
+  // What lies beyond the type must all be as the sign.
+  int const bits = type == FdoDataType_Int16 ? 15 : type == FdoDataType_Int32 ? 31 : 63;
+  if (number >> bits != number >> 63) return DirectKind::kNone;
+  result.integer = number;
+  return DirectKind::kInteger;
+}
+
+DirectKind ResultCursor::DirectReal(sqlite3_value* value, DirectCell& result) {
+  int const stored = sqlite3_value_type(value);
+  if (stored != SQLITE_FLOAT) return NullOrNone(stored);
+  result.real = sqlite3_value_double(value);
+  return DirectKind::kReal;
+}
+
+DirectKind ResultCursor::DirectText(FdoInt32 index, sqlite3_value* value, DirectCell& result) {
+  int const stored = sqlite3_value_type(value);
+  if (stored != SQLITE_TEXT) return NullOrNone(stored);
+  std::string_view const text = TextBytesOf(value);
+  if (text.data() == nullptr) return DirectKind::kNone;
+  result.text = Decode(index, text);
+  return DirectKind::kText;
+}
+
+DirectKind ResultCursor::DirectMoment(sqlite3_value* value, DirectCell& result) {
+  int const stored = sqlite3_value_type(value);
+  if (stored != SQLITE_TEXT) return NullOrNone(stored);
+  if (!ParseDateText(TextBytesOf(value), moment_)) return DirectKind::kNone;
+  result.moment = &moment_;
+  return DirectKind::kMoment;
+}
+
+DirectKind ResultCursor::DirectGeometry(FdoInt32 index, Cell const& cell, DirectCell& result) {
+  GeometryBytes const fgf = ReadGeometry(index, cell);
+  result.bytes = fgf.data;
+  result.size = static_cast<FdoInt32>(fgf.size);
+  return fgf.IsNull() ? DirectKind::kNull : DirectKind::kBytes;
 }
 
 void ResultCursor::RefuseIndex(FdoInt32 index) const {

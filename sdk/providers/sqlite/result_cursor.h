@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Fdo.h"
+#include "sdk/extensions/direct_cells.h"
 #include "sdk/providers/sqlite/result_columns.h"
 #include "sdk/providers/sqlite/statement.h"
 #include "sdk/providers/sqlite/stored_geometry.h"
@@ -38,8 +39,7 @@ struct CursorBuffers {
   std::unique_ptr<Cell[]> cells;
   std::unique_ptr<WideBuffer[]> texts;
   std::unique_ptr<GeometrySlot[]> geometries;
-  std::uint64_t row = 0;         // counts the rows that have used them
-  std::uint64_t locatedRow = 0;  // the last in which the values of the cells were looked for
+  std::uint64_t row = 0;  // counts the rows that have used them
 };
 
 // What a cursor leaves for the next one of the same query, so that a query that is made over and over, such
@@ -94,6 +94,7 @@ class ResultCursor {
     place_ = Place::kAfterEnd;
     if (!statement_.Step()) return End();
     place_ = Place::kOnRow;
+    if (ready != 0 && ValueAt(0) != buffers_.cells[0].value) LocateValues();
     readyCells_ = ready;
     return true;
   }
@@ -162,6 +163,36 @@ class ResultCursor {
   // FGF. Borrowed: until the cursor moves or closes. Errors: also for a geometry that cannot be read.
   GeometryBytes Geometry(FdoInt32 index);
 
+  // As DirectCells::ReadCell: values that need no conversion but that of text. Each kind of value is a
+  // function of its own, which this ends with, so that the way to one keeps nothing on the stack for the
+  // others.
+  fdo_sdk::DirectKind ReadDirectly(FdoInt32 index, FdoInt32 type, fdo_sdk::DirectCell& result) {
+    // Without a row there are no cells.
+    if (static_cast<std::uint32_t>(index) >= readyCells_ || IsCutOff())
+      return LocateAndRead(index, type, result);
+    Cell const& cell = buffers_.cells[static_cast<std::size_t>(index)];
+    assert(cell.value == ValueAt(index));
+    if (cell.columnType != type || cell.value == nullptr) return fdo_sdk::DirectKind::kNone;
+    switch (type) {
+      case FdoDataType_Boolean:
+      case FdoDataType_Int16:
+      case FdoDataType_Int32:
+      case FdoDataType_Int64:
+        return DirectInteger(cell.value, type, result);
+      case FdoDataType_Double:
+      case FdoDataType_Decimal:
+        return DirectReal(cell.value, result);
+      case FdoDataType_String:
+        return DirectText(index, cell.value, result);
+      case FdoDataType_DateTime:
+        return DirectMoment(cell.value, result);
+      case kGeometryColumn:
+        return DirectGeometry(index, cell, result);
+      default:
+        return fdo_sdk::DirectKind::kNone;
+    }
+  }
+
  private:
   enum class Place { kBeforeRow, kBeforeEnd, kOnRow, kAfterEnd, kClosed };
 
@@ -185,21 +216,17 @@ class ResultCursor {
   }
 
   void ReadCell(Cell& cell, [[maybe_unused]] FdoInt32 index) {
-    // What a connection that is closed had there is gone.
-    bool const isCutOff = statement_.IsPrepared() && statement_.Handle() == nullptr;
-    if (buffers_.locatedRow != buffers_.row || isCutOff) LocateValues();
+    if (IsCutOff()) LocateValues();
     assert(cell.value == ValueAt(index));
     cell.row = buffers_.row;
     cell.type = cell.value == nullptr ? SQLITE_INTEGER : sqlite3_value_type(cell.value);
   }
 
+  // Whether the connection has been closed, and what it had in the row is gone.
+  bool IsCutOff() const { return statement_.IsPrepared() && statement_.Handle() == nullptr; }
   // A row of SQLite is one array, which it fills anew for each row of a statement: while the first value is
   // where it was, so are the others. Asking for each of them would be a tenth of a scan.
-  void LocateValues() {
-    buffers_.locatedRow = buffers_.row;
-    if (ValueAt(0) != buffers_.cells[0].value) LocateEach();
-  }
-  void LocateEach();
+  void LocateValues();
   sqlite3_value* ValueAt(FdoInt32 index) const {
     if (statement_.IsPrepared()) return sqlite3_column_value(statement_.Handle(), index);
     return keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
@@ -211,6 +238,14 @@ class ResultCursor {
   GeometryBytes ReadGeometry(FdoInt32 index, Cell const& cell);
 
   void RequireBytes(FdoInt32 index, Cell const& cell);
+  FdoString* Decode(FdoInt32 index, std::string_view text);
+
+  fdo_sdk::DirectKind LocateAndRead(FdoInt32 index, FdoInt32 type, fdo_sdk::DirectCell& result);
+  static fdo_sdk::DirectKind DirectInteger(sqlite3_value* value, FdoInt32 type, fdo_sdk::DirectCell& result);
+  static fdo_sdk::DirectKind DirectReal(sqlite3_value* value, fdo_sdk::DirectCell& result);
+  fdo_sdk::DirectKind DirectText(FdoInt32 index, sqlite3_value* value, fdo_sdk::DirectCell& result);
+  fdo_sdk::DirectKind DirectMoment(sqlite3_value* value, fdo_sdk::DirectCell& result);
+  fdo_sdk::DirectKind DirectGeometry(FdoInt32 index, Cell const& cell, fdo_sdk::DirectCell& result);
 
   [[noreturn]] void RefuseIndex(FdoInt32 index) const;
   [[noreturn]] void RefuseType(FdoInt32 index) const;
@@ -226,6 +261,7 @@ class ResultCursor {
   Place place_;
   bool preparedAnew_ = false;
   FdoInt32 lastIndex_ = -1;
+  FdoDateTime moment_;            // that was read directly
   std::uint32_t readyCells_ = 0;  // how many cells there are; 0 while the cursor stands on no row
   CursorBuffers buffers_;
 };

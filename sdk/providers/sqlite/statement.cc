@@ -45,14 +45,9 @@ void Statement::BindBlob(int parameter, void const* bytes, std::size_t size) {
   Check(sqlite3_bind_blob64(Handle(), parameter, start, size, SQLITE_STATIC));
 }
 
-bool Statement::Step() {
-  sqlite3_stmt* const handle = Handle();
-  if (handle == nullptr) FailClosed();
-  int const code = sqlite3_step(handle);
-  if (code == SQLITE_ROW) return true;
-  if (code == SQLITE_DONE) return false;
+void Statement::FailStep(int code) {
   FdoException* failure = prepared_->database->Failure(code, prepared_->doing);
-  sqlite3_reset(handle);
+  sqlite3_reset(Handle());
   throw failure;
 }
 

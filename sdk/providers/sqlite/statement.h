@@ -39,7 +39,14 @@ class Statement {
   void BindText(int parameter, std::wstring_view text);
 
   // Moves to the next row; false when there is none. Errors: the statement is reset.
-  bool Step();
+  bool Step() {
+    sqlite3_stmt* const handle = Handle();
+    if (handle == nullptr) FailClosed();
+    int const code = sqlite3_step(handle);
+    if (code == SQLITE_ROW) return true;
+    if (code != SQLITE_DONE) FailStep(code);
+    return false;
+  }
   // Runs to the end, and resets: ready to be bound and run again.
   void Run();
   // Back before the first row; what is bound stays bound.
@@ -67,6 +74,7 @@ class Statement {
   }
   [[noreturn]] void Fail(int code) const;
   [[noreturn]] void FailClosed() const;
+  [[noreturn]] void FailStep(int code);
   void GiveBack() noexcept;
 
   std::shared_ptr<Prepared> prepared_;
