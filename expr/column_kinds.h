@@ -6,6 +6,8 @@
 #include <fdo/schema.h>
 #include <fdo/value.h>
 
+#include <iterator>
+
 namespace fdo::internal {
 
 // What the values of an expression are to those that they are compared with.
@@ -36,14 +38,28 @@ inline constexpr ColumnKind kColumnKinds[] = {
     {ColumnDef::kClob, "CLOB", Value::kBlob, ComparedAs::kBytes, "bytes"},
 };
 
-// Null for types that hold nothing.
-constexpr ColumnKind const* KindOf(ColumnDef::DataType type) {
-  for (ColumnKind const& row : kColumnKinds) {
-    if (row.type == type) return &row;
+// The row of the type; -1 for a type that holds nothing. Pointers would not be constant to g++ where it
+// instruments for undefined behaviour.
+constexpr int PlaceOfKind(ColumnDef::DataType type) {
+  for (int i = 0; i < static_cast<int>(std::size(kColumnKinds)); ++i) {
+    if (kColumnKinds[i].type == type) return i;
   }
-  return nullptr;
+  return -1;
 }
-static_assert(KindOf(ColumnDef::kUnset) == nullptr);
+
+// Null for types that hold nothing.
+inline ColumnKind const* KindOf(ColumnDef::DataType type) {
+  int const place = PlaceOfKind(type);
+  return place < 0 ? nullptr : &kColumnKinds[place];
+}
+
+constexpr bool EveryColumnHasAKind() {
+  for (int type = ColumnDef::kGeometry; type <= ColumnDef::kClob; ++type) {
+    if (PlaceOfKind(static_cast<ColumnDef::DataType>(type)) < 0) return false;
+  }
+  return PlaceOfKind(ColumnDef::kUnset) < 0;
+}
+static_assert(EveryColumnHasAKind(), "a row for each type but the one that nothing handles");
 
 }  // namespace fdo::internal
 

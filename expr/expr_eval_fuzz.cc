@@ -83,8 +83,10 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     FdoPtr<FdoException> const failure(refused);
     return 0;
   }
-  for (int mode = 0; mode < 4; ++mode) {
-    fdo::ExprOptions const options{(mode & 1) != 0, (mode & 2) != 0};
+  constexpr int kModes = 5;
+  for (int mode = 0; mode < kModes; ++mode) {
+    fdo::ExprOptions const options =
+        mode == kModes - 1 ? fdo::ExprOptions::AsInSql() : fdo::ExprOptions{(mode & 1) != 0, (mode & 2) != 0};
     for (fdo::TableDef const* table : {&Def(), static_cast<fdo::TableDef const*>(nullptr)}) {
       if (isFilter) {
         Evaluate(filter.p, options, table);

@@ -187,6 +187,27 @@ TEST_F(FilterAgreement, TextsOfFlags) {
   EXPECT_EQ(ByEvaluator(L"ToString(f) = 'true'"), Ids{});
 }
 
+// The evaluator looks up a key as a text beside a text, the store as a number beside a number.
+TEST_F(FilterAgreement, KeysOfLookupAreTexts) {
+  ASSERT_FALSE(BySqlite(L"i = 3").empty());
+  EXPECT_EQ(BySqlite(L"Lookup(i, 'no', '3.0', 'yes') = 'yes'"), BySqlite(L"i = 3"));
+  EXPECT_EQ(ByEvaluator(L"Lookup(i, 'no', '3.0', 'yes') = 'yes'"), Ids{});
+}
+
+// The text of a moment has three decimals for the evaluator; in the store only where it has a fraction.
+TEST_F(FilterAgreement, LikeSeesTheTextOfAMoment) {
+  EXPECT_GT(BySqlite(L"w LIKE '2024%:05'").size(), 5u);
+  EXPECT_EQ(ByEvaluator(L"w LIKE '2024%:05'"), Ids{});
+  EXPECT_EQ(ByEvaluator(L"w LIKE '2024%:05.000'"), BySqlite(L"w LIKE '2024%:05'"));
+  EXPECT_EQ(ByEvaluator(L"w LIKE '2024%'"), BySqlite(L"w LIKE '2024%'"));
+}
+
+// A time of day alone comes before all dates in the store; the evaluator compares its text.
+TEST_F(FilterAgreement, TimesOfDayBesideDates) {
+  EXPECT_EQ(BySqlite(L"w > TIME '23:00:00'"), BySqlite(L"NOT w NULL"));
+  EXPECT_EQ(ByEvaluator(L"w > TIME '23:00:00'"), Ids{});
+}
+
 // Only the store reads a text column as dates; for the evaluator both are texts.
 TEST_F(FilterAgreement, TextColumnsBesideDates) {
   EXPECT_EQ(BySqlite(L"w > t"), Ids{});

@@ -6,6 +6,7 @@
 #include <limits>
 #include <vector>
 
+#include "expr/column_kinds.h"
 #include "testing/fgf_builder.h"
 #include "testing/schema_builder.h"
 
@@ -194,19 +195,22 @@ void RandomTrees::Fill(Row& row) {
       cell.Reset();
       continue;
     }
-    int kind = Below(40) == 0 ? Below(14) - 1 : static_cast<int>(Def()[column].Type());
-    if (kind == ColumnDef::kGeometry || kind == ColumnDef::kBlob || kind == ColumnDef::kClob) {
-      cell = AnyGeometry();
-    } else if (kind == ColumnDef::kBoolean) {
-      cell.Reset(OneIn(2));
-    } else if (kind == ColumnDef::kDouble || kind == ColumnDef::kSingle || kind == ColumnDef::kDecimal) {
-      cell.Reset(AnyDouble());
-    } else if (kind == ColumnDef::kString) {
-      cell.Reset(AnyText(), /*copy=*/true);
-    } else if (kind == ColumnDef::kDateTime) {
-      cell.Reset(L"2024-03-01T10:00:00.000", /*copy=*/true);
-    } else if (kind == ColumnDef::kByte) {
+    // Now and then what a column of another type holds, or nothing at all.
+    bool const isOther = Below(40) == 0;
+    auto const type = isOther ? static_cast<ColumnDef::DataType>(Below(14) - 2) : Def()[column].Type();
+    internal::ColumnKind const* const kind = internal::KindOf(type);
+    if (kind == nullptr) {
       cell.Invalidate();
+    } else if (kind->kind == Value::kBlob) {
+      cell = AnyGeometry();
+    } else if (kind->kind == Value::kBool) {
+      cell.Reset(OneIn(2));
+    } else if (kind->kind == Value::kDouble) {
+      cell.Reset(AnyDouble());
+    } else if (kind->comparedAs == internal::ComparedAs::kDate) {
+      cell.Reset(L"2024-03-01T10:00:00.000", /*copy=*/true);
+    } else if (kind->kind == Value::kString) {
+      cell.Reset(AnyText(), /*copy=*/true);
     } else {
       cell.Reset(AnyInteger());
     }
