@@ -1,5 +1,6 @@
 #include "ogr_backend/comparison_sql.h"
 
+#include <optional>
 #include <utility>
 
 #include "expr/sql_values.h"

@@ -2,9 +2,11 @@
 
 #include <fdo/text_conversion.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 namespace fdo::internal {
