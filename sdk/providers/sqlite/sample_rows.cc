@@ -23,10 +23,13 @@ constexpr std::int64_t kBig[] = {0, 1, 5, -7, 2147483648, 9007199254740993, kLea
 // Without -0.0, which SQLite keeps as 0.
 constexpr double kReal[] = {0.0,  0.5, -0.5, 2.5,   -2.5,   5,      7,    1e18,      9.2233720368547758e18,
                             1e19, 0.1, 5.0,  1e300, 5e-324, -1e300, 1.25, 12345.678, 255};
-constexpr wchar_t const* kText[] = {L"",       L"a",        L"A",    L"abc",  L"Abc",  L"5",
-                                    L"5.0",    L"05",       L" 7 ",  L"-2.5", L"1e18", L"x%y",
-                                    L"a_b",    L"[a]*?",    L"é",    L"😀",    L"true", L"2024-03-01",
-                                    L"O'Hara", L"14:30:05", L"five", L"aé",   L"]b",   L"%"};
+// The model counts and orders units of wide text; of 16 bits, they would be two where SQLite sees one
+// character.
+constexpr wchar_t const* kRareCharacter = sizeof(wchar_t) == 2 ? L"中" : L"😀";
+constexpr wchar_t const* kText[] = {L"",       L"a",        L"A",    L"abc",         L"Abc",  L"5",
+                                    L"5.0",    L"05",       L" 7 ",  L"-2.5",        L"1e18", L"x%y",
+                                    L"a_b",    L"[a]*?",    L"é",    kRareCharacter, L"true", L"2024-03-01",
+                                    L"O'Hara", L"14:30:05", L"five", L"aé",          L"]b",   L"%"};
 
 struct SampleDate {
   wchar_t const* literal;
