@@ -216,7 +216,7 @@ class Trees {
 
 std::uint64_t TreeCount() {
   char const* count = std::getenv("QUILLON_TEXT_TREES");
-  return count == nullptr ? 100000 : std::strtoull(count, nullptr, 10);
+  return count == nullptr ? 30000 : std::strtoull(count, nullptr, 10);
 }
 
 template <class Node>
