@@ -77,15 +77,20 @@ function(fdo_library name)
   target_compile_definitions(quillon_${name} PRIVATE QUILLON_BUILDING)
 endfunction()
 
-# GoogleTest's headers cost a small test more than its own text, so that the presets which only run the tests
-# parse them once.
-if(QUILLON_BUILD_TESTS AND QUILLON_PRECOMPILE_TESTS)
+# Presets which only run the tests parse the largest headers once. The others show that every file includes what
+# it uses.
+function(fdo_precompile target)
+  if(QUILLON_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+if(QUILLON_BUILD_TESTS AND QUILLON_PRECOMPILE)
   set(source "${CMAKE_CURRENT_BINARY_DIR}/test_headers.cc")
   file(GENERATE OUTPUT "${source}" CONTENT "int main() { return 0; }\n")
   add_executable(test_headers EXCLUDE_FROM_ALL ${source})
   target_link_libraries(test_headers PRIVATE quillon_options GTest::gmock GTest::gtest_main)
   target_compile_options(test_headers PRIVATE ${QUILLON_TEST_OPTIONS})
-  target_precompile_headers(test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+  fdo_precompile(test_headers <gmock/gmock.h> <gtest/gtest.h>)
 endif()
 
 function(fdo_test name)
@@ -96,7 +101,7 @@ function(fdo_test name)
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE quillon_options ${arg_DEPENDS} GTest::gmock GTest::gtest_main)
   target_compile_options(${name} PRIVATE ${QUILLON_TEST_OPTIONS})
-  if(QUILLON_PRECOMPILE_TESTS)
+  if(QUILLON_PRECOMPILE)
     target_precompile_headers(${name} REUSE_FROM test_headers)
   endif()
   add_test(NAME ${name} COMMAND ${name})
