@@ -8,10 +8,12 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "testing/captured_diagnostics.h"
 #include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
+#include "tools/quillon/json_run.h"
 #include "tools/quillon/program_run.h"
 
 namespace fdo::tool {
@@ -35,11 +37,7 @@ class FdoStore : public testing::Test {
 
   static json Query(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "query");
-    arguments.push_back("--json");
-    auto const result = RunQuillon(arguments);
-    EXPECT_EQ(result.code, 0) << result.err;
-    EXPECT_EQ(result.err, "");
-    return json::parse(result.out);
+    return RunForJson(std::move(arguments));
   }
 
   static std::vector<std::string> Names(json const& rows) {

@@ -12,6 +12,7 @@
 #include "testing/fgf_builder.h"
 #include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
+#include "tools/quillon/json_run.h"
 #include "tools/quillon/program_run.h"
 
 namespace fdo::tool {
@@ -64,13 +65,6 @@ class SqliteStore : public testing::Test {
   }
   std::string Store() const { return Path(kFile); }
 
-  static json Output(std::vector<std::string> arguments) {
-    arguments.push_back("--json");
-    auto const result = RunQuillon(arguments);
-    EXPECT_EQ(result.code, 0) << result.err;
-    EXPECT_EQ(result.err, "");
-    return json::parse(result.out);
-  }
   static std::vector<std::string> Names(json const& rows) {
     std::vector<std::string> names;
     for (auto const& row : rows) names.push_back(row["name"]);
@@ -82,7 +76,7 @@ class SqliteStore : public testing::Test {
 };
 
 TEST_F(SqliteStore, InfoTellsWhatIsInIt) {
-  json const info = Output({"info", Store()});
+  json const info = RunForJson({"info", Store()});
   EXPECT_EQ(info["source"], Store());
   ASSERT_EQ(info["tables"].size(), 1u);
   EXPECT_EQ(info["tables"][0]["rows"], 3);
@@ -90,11 +84,11 @@ TEST_F(SqliteStore, InfoTellsWhatIsInIt) {
 }
 
 TEST_F(SqliteStore, QueriesCompareAndPrintAnyText) {
-  EXPECT_THAT(Names(Output({"query", Store(), "--order-by", "people"})),
+  EXPECT_THAT(Names(RunForJson({"query", Store(), "--order-by", "people"})),
               ElementsAre(kTowns[0].utf8, kTowns[2].utf8, kTowns[1].utf8));
-  EXPECT_THAT(Names(Output({"query", Store(), "--where", "name = '\u6771\u4EAC'"})),
+  EXPECT_THAT(Names(RunForJson({"query", Store(), "--where", "name = '\u6771\u4EAC'"})),
               ElementsAre(kTowns[1].utf8));
-  EXPECT_THAT(Names(Output({"query", Store(), "--bbox", "-80,40,10,52", "--where", "people > 1000"})),
+  EXPECT_THAT(Names(RunForJson({"query", Store(), "--bbox", "-80,40,10,52", "--where", "people > 1000"})),
               ElementsAre(kTowns[2].utf8));
   auto const table = RunQuillon({"query", Store(), "-f", "csv", "--select", "name,people"});
   EXPECT_EQ(table.code, 0) << table.err;
@@ -102,7 +96,7 @@ TEST_F(SqliteStore, QueriesCompareAndPrintAnyText) {
 }
 
 TEST_F(SqliteStore, StatisticsOfAColumn) {
-  json const column = Output({"stats", Store(), "people"})["columns"][0];
+  json const column = RunForJson({"stats", Store(), "people"})["columns"][0];
   EXPECT_EQ(column["count"], 3);
   EXPECT_EQ(column["min"], 1000);
   EXPECT_EQ(column["max"], 14000);
@@ -112,7 +106,7 @@ TEST_F(SqliteStore, ItIsConvertedIntoAnother) {
   std::string const copy = Path("\u30B3\u30D4\u30FC.sqlite");
   auto const result = RunQuillon({"convert", Store(), copy});
   EXPECT_EQ(result.code, 0) << result.err;
-  EXPECT_THAT(Names(Output({"query", copy, "--order-by", "people", "--descending"})),
+  EXPECT_THAT(Names(RunForJson({"query", copy, "--order-by", "people", "--descending"})),
               ElementsAre(kTowns[1].utf8, kTowns[2].utf8, kTowns[0].utf8));
   EXPECT_EQ(RunQuillon({"convert", Store(), copy}).code, 1) << "it is there already";
   EXPECT_EQ(RunQuillon({"convert", Store(), copy, "--overwrite"}).code, 0);
