@@ -33,8 +33,7 @@ class DirectCells {
   // What IsNull and then the getter of that type give for the property in that place of the current row; the
   // getter of a Decimal is GetDouble, that of a geometry the one that lends its bytes.
   // Gives: kNone where the caller is to ask IsNull and the getter, which know a value, or a failure, that
-  // this
-  //   does not.
+  //   this does not.
   // Errors: what IsNull throws.
   virtual DirectKind ReadCell(FdoInt32 index, FdoInt32 type, DirectCell& cell) = 0;
 
