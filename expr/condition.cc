@@ -173,17 +173,14 @@ void ExprEval::Condition::MakeLinks() {
     }
     // A null column makes a product of 0.0, which is for the step to compare.
     bool const goesOnIf = step.ways[1] == step.goesOn;
-    unsigned const holdsWhere = step.test == Test::kColumnLess    ? 2U
-                                : step.test == Test::kLiteralLess ? 4U
-                                                                  : 1U;
     links.push_back(
         {static_cast<Code>(first + static_cast<int>(step.test)), goesOnIf, step.ifNull == step.goesOn,
-         static_cast<unsigned char>(goesOnIf ? holdsWhere : 7U ^ holdsWhere),
          static_cast<std::size_t>(columns_[static_cast<std::size_t>(step.cell)]), step.literal.integer,
          step.literal.real, isProduct ? step.operand.real : 1.0, step.text});
   }
   links_ = std::move(links);
   holdsAtEnd_ = steps_.back().goesOn == kHolds;
+  for (std::size_t i = 0; i < links_.size() && i < kMostGates; ++i) gates_[i] = GateOf(links_[i]);
   eval_ = FindEval();
 }
 

@@ -5,7 +5,9 @@
 
 #include <fdo/expr_eval.h>
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -108,9 +110,6 @@ class QUILLON_LOCAL ExprEval::Condition {
     Code code;
     bool goesOnIf;    // the outcome of the test that does not decide
     bool nullGoesOn;  // whether null does not decide
-    // Bits: whether it does not decide that the column is neither less nor greater than the literal, less, or
-    // greater.
-    unsigned char goesOnWhere;
     std::size_t column;
     long long integer;  // the literal
     double real;
@@ -130,16 +129,38 @@ class QUILLON_LOCAL ExprEval::Condition {
   using EvalWay = bool(Condition& self, Row const* row, Value* result);
   static bool EvalSteps(Condition& self, Row const* row, Value* result);
   static bool EvalLinks(Condition& self, Row const* row, Value* result);
-  // The links one by one, without a loop, for cells of the expected types: there is one such function for
-  // each sequence of shapes, and the compiler writes it out.
+  // A link again, for cells of the expected type: as little work as it can come to.
   enum class Shape : unsigned char { kInteger, kReal, kText, kOther };
+  struct Gate {
+    std::size_t offset;  // of the cell in the row, in bytes
+    // An integer goes on that is at most width above least, where the greatest is followed by the least.
+    std::uint64_t least;
+    std::uint64_t width;
+    // A real is multiplied; then it lies outside when it is below the one or above the other, and that
+    // goes on unless flips. The same text goes on unless flips.
+    double factor;
+    double below;
+    double above;
+    bool flips;
+    bool isLonger;           // the literal, than two units
+    std::uint32_t lastHead;  // the position of the last unit of head
+    wchar_t head[2];         // the units that the literal begins with, the one that ends it among them
+    wchar_t const* rest;     // of the literal, behind head
+  };
+  static constexpr std::size_t kMostGates = 3;  // each more makes three times as many functions
+  static Shape ShapeOf(Link const& link);
+  static Gate GateOf(Link const& link);
+  // The gates one by one, without a loop: there is one such function for each sequence of shapes, and the
+  // compiler writes it out.
   template <Shape... kShapes>
   static bool EvalShaped(Condition& self, Row const* row, Value* result);
-  // Whether the link does not decide. Sets a bit of odd where the cell is not of the expected type; the
-  // outcome means nothing then.
+  static Value const& CellOf(Gate const& gate, Value const* cells);
+  // Sets a bit of Value::kCodeMask where the cell is not of the expected type.
   template <Shape kShape>
-  static bool GoesOn(Link const& link, Value const* cells, unsigned& odd);
-  static Shape ShapeOf(Link const& link);
+  static std::uint64_t Oddness(Gate const& gate, Value const* cells);
+  // Whether the gate does not decide. Requires: the cell is of the expected type.
+  template <Shape kShape>
+  static bool GoesOn(Gate const& gate, Value const* cells);
   template <Shape... kShapes>
   EvalWay* FindShaped() const;
   EvalWay* FindEval() const;
@@ -153,8 +174,9 @@ class QUILLON_LOCAL ExprEval::Condition {
   std::vector<Link> links_;  // the same chain, where it is one of such tests only
   bool holdsAtEnd_ = false;  // what the last link comes to when it does not decide
   EvalWay* eval_ = EvalSteps;
-  std::vector<int> columns_;         // those that the program uses, in its order
-  std::vector<Value const*> cells_;  // of the row at hand, one for each of columns_
+  std::array<Gate, kMostGates> gates_ = {};  // the links, where they are no more
+  std::vector<int> columns_;                 // those that the program uses, in its order
+  std::vector<Value const*> cells_;          // of the row at hand, one for each of columns_
 };
 
 }  // namespace fdo

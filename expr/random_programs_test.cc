@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -212,6 +213,44 @@ TEST(FusedConditions, ChainsOfTestsAgreeOverCellsOfEveryKind) {
   }
   EXPECT_GT(holding, 10000);
   EXPECT_GT(failing, 10000);
+}
+
+// Each comparison of the column with the literal, plain and under NOT, for each pair of the values.
+template <class Literal, class Number>
+void CompareEveryPair(ColumnDef::DataType type, std::vector<Number> const& numbers) {
+  ColumnDef column;
+  column.Initialize(L"n", type, 0, Value(), nullptr);
+  TableDef def;
+  def.Initialize(L"rows", L"", &column, 1, 0, -1, 0);
+  Row row(&def);
+  FdoPtr<FdoIdentifier> const name = FdoIdentifier::Create(L"n");
+  for (int operation = FdoComparisonOperations_EqualTo;
+       operation <= FdoComparisonOperations_LessThanOrEqualTo; ++operation) {
+    for (Number const number : numbers) {
+      FdoPtr<FdoExpression> const literal = Literal::Create(number);
+      FdoPtr<FdoFilter> const plain =
+          FdoComparisonCondition::Create(name, static_cast<FdoComparisonOperations>(operation), literal);
+      FdoPtr<FdoFilter> const negated = FdoUnaryLogicalOperator::Create(plain, FdoUnaryLogicalOperations_Not);
+      for (FdoFilter* const filter : {plain.p, negated.p}) {
+        ExprEval eval(filter, &def, nullptr);
+        for (Number const cell : numbers) {
+          row[0].Reset(cell);
+          Value stepwise;
+          ASSERT_TRUE(ExprEvalTestPeer::EvalStepwise(eval, &row, &stepwise));
+          EXPECT_EQ(eval.Eval(&row, nullptr), stepwise.AsBool()) << Shown(eval, row);
+        }
+      }
+    }
+  }
+}
+
+TEST(FusedConditions, NumbersAtTheEndsOfTheirRangeAgree) {
+  constexpr long long kLeast = std::numeric_limits<long long>::min();
+  constexpr long long kGreatest = std::numeric_limits<long long>::max();
+  CompareEveryPair<FdoInt64Value>(
+      ColumnDef::kInt64, std::vector<long long>{kLeast, kLeast + 1, -1, 0, 1, kGreatest - 1, kGreatest});
+  CompareEveryPair<FdoDoubleValue>(ColumnDef::kDouble,
+                                   std::vector<double>{-INFINITY, -1e308, -0.0, 0.0, 1e308, INFINITY, NAN});
 }
 
 }  // namespace

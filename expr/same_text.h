@@ -15,17 +15,6 @@ inline bool IsSameText(wchar_t const* a, wchar_t const* b) {
   return false;
 }
 
-// The same where the texts of many rows are to be told from one: texts that differ in the first or second
-// unit, as most do, are told without a jump, which no processor could foresee.
-inline bool IsSameAsLiteral(wchar_t const* text, wchar_t const* literal) {
-  bool same = text[0] == literal[0];
-  // 0 where there is no second unit to look at, in either text.
-  int const second = same & (literal[0] != 0);
-  same &= text[second] == literal[second];
-  if (!same || literal[second] == 0) return same;
-  return IsSameText(text + second + 1, literal + second + 1);
-}
-
 // Below 0, 0 or above 0, as wcscmp.
 inline int CompareText(wchar_t const* a, wchar_t const* b) {
   while (*a == *b && *a != 0) {
