@@ -8,7 +8,7 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
-#include "testing/scratch_directory.h"
+#include "tools/quillon/program_files.h"
 #include "tools/quillon/program_run.h"
 
 namespace fdo::tool {
@@ -19,31 +19,8 @@ using nlohmann::json;
 using testing::HasSubstr;
 using testing::Not;
 
-std::string Data(std::string const& name) { return std::string(QUILLON_TEST_DATA) + "/" + name; }
-
-class Convert : public testing::Test {
+class Convert : public ProgramFiles {
  protected:
-  std::string Scratch(std::string const& name) const { return (scratch_.Path() / name).string(); }
-
-  std::string WriteFile(std::string const& name, std::string const& content) const {
-    std::ofstream(Scratch(name), std::ios::binary) << content;
-    return Scratch(name);
-  }
-
-  std::string Content(std::string const& name) const {
-    std::ifstream file(Scratch(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
-
-  // What is in the scratch directory, hidden files included.
-  std::vector<std::string> Files() const {
-    std::vector<std::string> names;
-    for (auto const& entry : fs::directory_iterator(scratch_.Path()))
-      names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
   // The number of times that something happened to a column's values.
   static int Changes(json const& summary, std::string const& column, std::string const& change) {
     for (auto const& entry : summary["columns"]) {
@@ -62,8 +39,6 @@ class Convert : public testing::Test {
     }
     return WriteFile(name, collection.dump());
   }
-
-  ScratchDirectory scratch_;
 };
 
 ProgramResult RunConvert(std::vector<std::string> arguments) {

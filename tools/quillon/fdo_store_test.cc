@@ -12,8 +12,8 @@
 
 #include "testing/captured_diagnostics.h"
 #include "testing/schema_builder.h"
-#include "testing/scratch_directory.h"
 #include "tools/quillon/json_run.h"
+#include "tools/quillon/program_files.h"
 #include "tools/quillon/program_run.h"
 
 namespace fdo::tool {
@@ -22,12 +22,8 @@ namespace {
 using nlohmann::json;
 using testing::HasSubstr;
 
-std::string Data(std::string const& name) { return std::string(QUILLON_TEST_DATA) + "/" + name; }
-
-class FdoStore : public testing::Test {
+class FdoStore : public ProgramFiles {
  protected:
-  std::string Scratch(std::string const& name) const { return (scratch_.Path() / name).string(); }
-
   // The countries of the world, in a store.
   std::string World() const {
     std::string const store = Scratch("world.sqlite");
@@ -45,8 +41,6 @@ class FdoStore : public testing::Test {
     for (auto const& row : rows) names.push_back(row["name_long"]);
     return names;
   }
-
-  ScratchDirectory scratch_;
 };
 
 TEST_F(FdoStore, RowsInTheOrderOfAColumn) {

@@ -4,23 +4,14 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "testing/scratch_directory.h"
+#include "tools/quillon/json_run.h"
+#include "tools/quillon/program_files.h"
 #include "tools/quillon/program_run.h"
 
 namespace fdo::tool {
 namespace {
 
 using nlohmann::json;
-
-std::string Data(std::string const& name) { return std::string(QUILLON_TEST_DATA) + "/" + name; }
-
-json Rows(std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), "query");
-  arguments.push_back("--json");
-  auto const result = RunQuillon(arguments);
-  EXPECT_EQ(result.code, 0) << result.err;
-  return json::parse(result.out);
-}
 
 TEST(Filter, SelectsTheRowsOfAQuery) {
   std::string const world = Data("world.gpkg");

@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/quillon/program_run.h"
@@ -19,6 +20,12 @@ inline nlohmann::json RunForJson(std::vector<std::string> arguments) {
   EXPECT_EQ(result.code, 0) << result.err;
   EXPECT_EQ(result.err, "");
   return nlohmann::json::parse(result.out);
+}
+
+// The rows that the command query gives.
+inline nlohmann::json Rows(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), "query");
+  return RunForJson(std::move(arguments));
 }
 
 }  // namespace fdo::tool

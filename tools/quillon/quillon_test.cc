@@ -9,7 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "testing/scratch_directory.h"
+#include "tools/quillon/json_run.h"
+#include "tools/quillon/program_files.h"
 #include "tools/quillon/program_run.h"
 
 namespace fdo::tool {
@@ -20,17 +21,8 @@ using nlohmann::json;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-std::string Data(std::string const& name) { return std::string(QUILLON_TEST_DATA) + "/" + name; }
-
-class Quillon : public testing::Test {
+class Quillon : public ProgramFiles {
  protected:
-  std::string Scratch(std::string const& name) const { return (scratch_.Path() / name).string(); }
-
-  std::string WriteFile(std::string const& name, std::string const& content) const {
-    std::ofstream(Scratch(name), std::ios::binary) << content;
-    return Scratch(name);
-  }
-
   // The first bytes of a file of the test data.
   std::string Truncated(std::string const& name, std::size_t bytes) const {
     std::ifstream file(Data(name), std::ios::binary);
@@ -38,31 +30,12 @@ class Quillon : public testing::Test {
     file.read(content.data(), static_cast<std::streamsize>(bytes));
     return WriteFile(name, content);
   }
-
-  // What is in the scratch directory, hidden files included.
-  std::vector<std::string> Files() const {
-    std::vector<std::string> names;
-    for (auto const& entry : fs::directory_iterator(scratch_.Path()))
-      names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
-  ScratchDirectory scratch_;
 };
 
 void ExpectFailure(ProgramResult const& result, int code, std::string const& message) {
   EXPECT_EQ(result.code, code);
   EXPECT_EQ(result.out, "");
   EXPECT_THAT(result.err, HasSubstr(message));
-}
-
-json Rows(std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), "query");
-  arguments.push_back("--json");
-  auto const result = RunQuillon(arguments);
-  EXPECT_EQ(result.code, 0) << result.err;
-  return json::parse(result.out);
 }
 
 // --- The command line ---------------------------------------------------------------------------
