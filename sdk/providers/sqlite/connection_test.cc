@@ -138,6 +138,54 @@ TEST(Connection, SaysWhyAFileCannotBeOpened) {
   EXPECT_EQ(CauseOfOpening(cut).substr(0, 24), L"it is damaged or cut off");
 }
 
+TEST(Connection, FilesOfOtherLayoutsAreRefusedUnchanged) {
+  struct Case {
+    char const* schema;
+    wchar_t const* cause;
+  };
+  constexpr Case kCases[] = {
+      {"CREATE TABLE gpkg_contents (table_name TEXT PRIMARY KEY)",
+       L"it is a GeoPackage, which has a layout of its own."},
+      {"CREATE TABLE geometry_columns (f_table_name TEXT, f_geometry_column TEXT, geometry_type INTEGER,"
+       " coord_dimension INTEGER, srid INTEGER, spatial_index_enabled INTEGER)",
+       L"it is a SpatiaLite database, which has a layout of its own."},
+      {"CREATE TABLE geometry_columns (f_table_name TEXT, f_geometry_column TEXT, type TEXT,"
+       " coord_dimension TEXT, srid INTEGER, Spatial_Index_Enabled INTEGER)",
+       L"it is a SpatiaLite database, which has a layout of its own."},
+  };
+  for (Case const& each : kCases) {
+    SCOPED_TRACE(each.schema);
+    TestStore store;
+    store.Run(each.schema);
+    std::string const before = ReadBytes(store);
+    EXPECT_EQ(CauseOfOpening(store), each.cause);
+    EXPECT_EQ(ReadBytes(store), before);
+  }
+  TestStore own;
+  own.Run(
+      "CREATE TABLE geometry_columns (f_table_name TEXT, f_geometry_column TEXT, geometry_type INTEGER,"
+      " coord_dimension INTEGER, srid INTEGER, geometry_format TEXT, spatial_index_enabled INTEGER)");
+  EXPECT_EQ(own.Open()->GetConnectionState(), FdoConnectionState_Open);
+}
+
+TEST(Connection, NamesThatSqliteTakesForMoreAreNamesOfFiles) {
+  if (std::filesystem::path::preferred_separator == '\\') GTEST_SKIP() << "files cannot have such names here";
+  TestStore const place;  // for its folder
+  auto const before = std::filesystem::current_path();
+  std::filesystem::current_path(place.Directory().Path());
+  for (wchar_t const* const name : {L"file:other.sqlite?mode=memory", L":memory:"}) {
+    Database made;
+    made.Create(name, 0);
+    made.Execute("CREATE TABLE a (b)");
+    made.Close();
+    Database database;
+    database.Open(name, 0);
+    EXPECT_EQ(database.Number("SELECT count(*) FROM sqlite_schema"), 1);
+  }
+  EXPECT_FALSE(std::filesystem::exists("other.sqlite"));
+  std::filesystem::current_path(before);
+}
+
 TEST(Connection, AFolderIsNoFile) {
   TestStore store;
   std::filesystem::create_directory(store.Directory().Path() / "store.sqlite");

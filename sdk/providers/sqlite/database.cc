@@ -5,6 +5,7 @@
 
 #include "port/file.h"
 #include "sdk/providers/sqlite/file_path.h"
+#include "sdk/providers/sqlite/foreign_layout.h"
 #include "sdk/providers/sqlite/sql_functions.h"
 #include "sdk/runtime/core/utf8.h"
 
@@ -53,6 +54,13 @@ int LookForTheEnd(sqlite3* handle, bool& isWhole) {
   return SQLITE_OK;
 }
 
+// The file's name as SQLite takes it for one: "file:..." may be a URI to it, ":memory:" no file.
+std::string NameForSqlite(std::wstring const& file) {
+  std::string const name = fdo_sdk::Utf8FromWide(file);
+  bool const isSpecial = name.rfind("file:", 0) == 0 || name.rfind(':', 0) == 0;
+  return isSpecial ? "./" + name : name;
+}
+
 }  // namespace
 
 void Database::Open(std::wstring const& file, int busyMilliseconds) {
@@ -84,7 +92,7 @@ void Database::Create(std::wstring const& file, int busyMilliseconds) {
 }
 
 void Database::OpenHandle(int busyMilliseconds) {
-  std::string const name = fdo_sdk::Utf8FromWide(file_);
+  std::string const name = NameForSqlite(file_);
   int code = sqlite3_open_v2(name.c_str(), &handle_,
                              SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   if (code == SQLITE_OK) {
@@ -98,12 +106,19 @@ void Database::OpenHandle(int busyMilliseconds) {
   }
   bool isWhole = true;
   if (code == SQLITE_OK) code = LookForTheEnd(handle_, isWhole);
+  wchar_t const* foreign = nullptr;
+  if (code == SQLITE_OK && isWhole) code = FindForeignLayout(handle_, foreign);
   if (code == SQLITE_OK) code = sqlite3_exec(handle_, "COMMIT", nullptr, nullptr, nullptr);
   if (code == SQLITE_OK && !isWhole) {
     Close();
     throw FdoConnectionException::Create(
         FailureMessage(file_, L"open", L"it is cut off within its last page").c_str(),
         FdoInt64(SQLITE_CORRUPT));
+  }
+  if (code == SQLITE_OK && foreign != nullptr) {
+    Close();
+    RefuseFile(file_, L"open",
+               (std::wstring(L"it is ") + foreign + L", which has a layout of its own").c_str());
   }
   if (code != SQLITE_OK) {
     FdoException* failure = FdoConnectionException::Create(
