@@ -19,6 +19,9 @@ bool IsTerminal(std::FILE* stream);
 // elsewhere the bytes of argv.
 std::vector<std::string> ProgramArguments(int argc, char const* const* argv);
 
+// The signals by which a user or the system asks a program to end, and lets it do so in its own way.
+std::vector<int> RequestsToEnd();
+
 // The number of this process, to tell its temporary files from those of another.
 unsigned long ProcessId();
 

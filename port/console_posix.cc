@@ -13,6 +13,8 @@ std::vector<std::string> ProgramArguments(int argc, char const* const* argv) {
   return argc > 0 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
 }
 
+std::vector<int> RequestsToEnd() { return {SIGINT, SIGTERM, SIGHUP}; }
+
 unsigned long ProcessId() { return static_cast<unsigned long>(getpid()); }
 
 }  // namespace fdo::port

@@ -4,6 +4,8 @@
 #include <io.h>
 #include <shellapi.h>
 
+#include <csignal>
+
 #include "port/console.h"
 #include "port/utf16_windows.h"
 
@@ -24,6 +26,9 @@ std::vector<std::string> ProgramArguments(int, char const* const*) {
   LocalFree(wide);
   return arguments;
 }
+
+// SIGBREAK is also what comes of closing the console.
+std::vector<int> RequestsToEnd() { return {SIGINT, SIGTERM, SIGBREAK}; }
 
 unsigned long ProcessId() { return GetCurrentProcessId(); }
 

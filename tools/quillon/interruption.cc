@@ -2,6 +2,8 @@
 
 #include <csignal>
 
+#include "port/console.h"
+
 namespace fdo::tool {
 
 namespace {
@@ -18,15 +20,16 @@ extern "C" void Remember(int signal) {
 
 InterruptionWatch::InterruptionWatch() {
   happened = 0;
-  oldInterrupt_ = std::signal(SIGINT, Remember);
-  oldTerminate_ = std::signal(SIGTERM, Remember);
-  // Who starts a program in the background with interrupts ignored wants them ignored.
-  if (oldInterrupt_ == SIG_IGN) std::signal(SIGINT, SIG_IGN);
+  for (int const request : port::RequestsToEnd()) {
+    Handler const old = std::signal(request, Remember);
+    // Who starts a program in the background with a request ignored wants it ignored.
+    if (old == SIG_IGN) std::signal(request, SIG_IGN);
+    old_.emplace_back(request, old == SIG_ERR ? SIG_DFL : old);
+  }
 }
 
 InterruptionWatch::~InterruptionWatch() {
-  std::signal(SIGINT, oldInterrupt_ == SIG_ERR ? SIG_DFL : oldInterrupt_);
-  std::signal(SIGTERM, oldTerminate_ == SIG_ERR ? SIG_DFL : oldTerminate_);
+  for (auto const& [request, old] : old_) std::signal(request, old);
 }
 
 bool InterruptionWatch::Happened() const { return happened != 0; }

@@ -1,10 +1,13 @@
 #ifndef TOOLS_QUILLON_INTERRUPTION_H_
 #define TOOLS_QUILLON_INTERRUPTION_H_
 
+#include <utility>
+#include <vector>
+
 namespace fdo::tool {
 
-// While one lives, the requests to end the program (an interrupt from the keyboard, a polite kill) are
-// remembered instead of obeyed, so that work under way can clean up behind itself.
+// While one lives, the requests to end the program (an interrupt from the keyboard, a polite kill, the
+// terminal that closes) are remembered instead of obeyed, so that work under way can clean up behind itself.
 // Requires: one at a time.
 class InterruptionWatch {
  public:
@@ -18,8 +21,7 @@ class InterruptionWatch {
  private:
   using Handler = void (*)(int);
 
-  Handler oldInterrupt_;
-  Handler oldTerminate_;
+  std::vector<std::pair<int, Handler>> old_;  // by signal
 };
 
 }  // namespace fdo::tool

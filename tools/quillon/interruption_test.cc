@@ -3,12 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <vector>
+
+#include "port/console.h"
 
 namespace fdo::tool {
 namespace {
 
-TEST(InterruptionWatch, RemembersBothRequests) {
-  for (int const request : {SIGINT, SIGTERM}) {
+TEST(InterruptionWatch, RemembersEveryRequest) {
+  std::vector<int> const requests = port::RequestsToEnd();
+  EXPECT_EQ(requests.size(), 3u);
+  for (int const request : requests) {
     InterruptionWatch const watch;
     EXPECT_FALSE(watch.Happened());
     std::raise(request);
@@ -17,9 +22,15 @@ TEST(InterruptionWatch, RemembersBothRequests) {
 }
 
 TEST(InterruptionWatch, LeavesTheOldHandlers) {
-  std::signal(SIGTERM, SIG_IGN);
-  { InterruptionWatch const watch; }
-  EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_IGN);
+  for (int const request : port::RequestsToEnd()) {
+    std::signal(request, SIG_IGN);
+    {
+      InterruptionWatch const watch;
+      std::raise(request);
+      EXPECT_FALSE(watch.Happened()) << "what is ignored stays so";
+    }
+    EXPECT_EQ(std::signal(request, SIG_DFL), SIG_IGN);
+  }
 }
 
 }  // namespace
