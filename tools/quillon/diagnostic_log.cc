@@ -11,17 +11,27 @@ namespace fdo::tool {
 DiagnosticLog::DiagnosticLog() { SetDiagnosticHandler(&Receive, this); }
 DiagnosticLog::~DiagnosticLog() { SetDiagnosticHandler(nullptr, nullptr); }
 
-std::vector<std::string> DiagnosticLog::Take() {
+std::vector<DiagnosticLog::Line> DiagnosticLog::Take() {
   std::lock_guard const hold(lock_);
+  if (more_ > 0) lines_.push_back({"and " + std::to_string(more_) + " more messages", 1});
+  more_ = 0;
+  places_.clear();
   return std::exchange(lines_, {});
 }
 
 void DiagnosticLog::Receive(wchar_t const* message, void* log) {
   auto& self = *static_cast<DiagnosticLog*>(log);
-  std::string line = Utf8(message);
-  line.erase(line.find_last_not_of("\r\n") + 1);
+  std::string text = Utf8(message);
+  text.erase(text.find_last_not_of("\r\n") + 1);
   std::lock_guard const hold(self.lock_);
-  self.lines_.push_back(std::move(line));
+  if (auto const known = self.places_.find(text); known != self.places_.end()) {
+    ++self.lines_[known->second].times;
+  } else if (self.lines_.size() < kMostLines) {
+    self.places_.emplace(text, self.lines_.size());
+    self.lines_.push_back({std::move(text), 1});
+  } else {
+    ++self.more_;
+  }
 }
 
 }  // namespace fdo::tool
