@@ -17,6 +17,7 @@
 #include "tools/quillon/row_writer.h"
 #include "tools/quillon/selection.h"
 #include "tools/quillon/utf8.h"
+#include "tools/quillon/whole_number.h"
 
 namespace fdo::tool {
 
@@ -191,7 +192,7 @@ Action DefineEval(CLI::App& app) {
   options->selection.DefineBox(app)->needs(source);
   app.add_option("--limit", options->limit, "At most that many rows")
       ->needs(source)
-      ->check(CLI::NonNegativeNumber)
+      ->check(WholeNumber(0))
       ->type_name("N");
   app.add_flag("--filter", options->isFilter,
                "Take EXPRESSION for a filter, even where it may be an expression");

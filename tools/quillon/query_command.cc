@@ -15,6 +15,7 @@
 #include "tools/quillon/row_writer.h"
 #include "tools/quillon/selection.h"
 #include "tools/quillon/utf8.h"
+#include "tools/quillon/whole_number.h"
 
 namespace fdo::tool {
 
@@ -159,14 +160,13 @@ Action DefineQuery(CLI::App& app) {
                               ->excludes(where)
                               ->excludes(box)
                               ->excludes(order)
+                              ->check(WholeNumber(kAnyWholeNumber))
                               ->type_name("ID");
   app.add_option("--row", options->row, "Only the row at that place of the result, counted from 1")
       ->excludes(id)
-      ->check(CLI::PositiveNumber)
+      ->check(WholeNumber(1))
       ->type_name("N");
-  app.add_option("--limit", options->limit, "At most that many rows")
-      ->check(CLI::NonNegativeNumber)
-      ->type_name("N");
+  app.add_option("--limit", options->limit, "At most that many rows")->check(WholeNumber(0))->type_name("N");
   app.add_flag(
          "--explain", options->explain,
          "Print who finds the rows that meet the filter instead, and the program where it is computed here")

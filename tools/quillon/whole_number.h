@@ -1,0 +1,31 @@
+#ifndef TOOLS_QUILLON_WHOLE_NUMBER_H_
+#define TOOLS_QUILLON_WHOLE_NUMBER_H_
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <system_error>
+
+namespace fdo::tool {
+
+inline constexpr std::int64_t kAnyWholeNumber = std::numeric_limits<std::int64_t>::min();
+
+// Of an option: that it is a whole number of 64 bits in decimal digits, and not below least.
+inline CLI::Validator WholeNumber(std::int64_t least) {
+  auto const complaint = [least](std::string& text) -> std::string {
+    std::int64_t number = 0;
+    char const* const end = text.data() + text.size();
+    auto const read = std::from_chars(text.data(), end, number);
+    if (read.ec == std::errc() && read.ptr == end && number >= least) return {};
+    std::string const from = least == kAnyWholeNumber ? "" : " from " + std::to_string(least) + " on";
+    return '"' + text + "\" is no whole number" + from;
+  };
+  return {complaint, /*description in the help=*/std::string()};
+}
+
+}  // namespace fdo::tool
+
+#endif  // TOOLS_QUILLON_WHOLE_NUMBER_H_
