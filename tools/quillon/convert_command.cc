@@ -172,7 +172,8 @@ Action DefineConvert(CLI::App& app) {
                  "GDAL's short name of the target's driver, or an FDO provider's name, unless the target's "
                  "name tells")
       ->type_name("DRIVER");
-  app.add_flag("--overwrite", options->overwrite, "Replace an existing target once the new one is complete");
+  app.add_flag("--overwrite", options->overwrite,
+               "Replace an existing file once the new one is complete; a folder never");
   app.add_flag("--no-check", options->noCheck, "Do not read the target back");
   app.add_flag("--json", options->json, "Print the summary as one JSON document");
   return [options](Session& session) { return Converter(*options, session).Run(); };

@@ -163,6 +163,14 @@ TEST_F(Convert, GdalWritesAStoreWhenItIsNamed) {
   EXPECT_EQ(RunConvert({Scratch("a.sqlite"), Scratch("b.shp")}).code, 0) << "and FDO reads it";
 }
 
+TEST_F(Convert, AGeoPackageIsReadAsOneWhateverItIsCalled) {
+  EXPECT_EQ(RunConvert({Data("columbus.shp"), Scratch("a.sqlite"), "--format", "GPKG"}).code, 0);
+  auto const result = RunConvert({Scratch("a.sqlite"), Scratch("b.db")});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_THAT(RunQuillon({"info", Scratch("a.sqlite")}).out, HasSubstr("a.sqlite: GPKG, 1 table"));
+  EXPECT_THAT(RunQuillon({"info", Scratch("b.db")}).out, HasSubstr("  geometry: "));
+}
+
 TEST_F(Convert, NamesThatFdoKeepsForItselfAreChanged) {
   Features("a.b.geojson", {{{"properties", {{"x.y", 1}, {"x:y", "t"}, {"x_y", 2}}},
                             {"geometry", {{"type", "Point"}, {"coordinates", {1, 2}}}}}});
@@ -305,6 +313,16 @@ TEST_F(Convert, AFailureLeavesTheOldTarget) {
   EXPECT_THAT(Files(), testing::ElementsAre("a.gpx"));
 }
 
+TEST_F(Convert, AFolderIsNotOverwritten) {
+  std::filesystem::create_directory(scratch_.Path() / "folder");
+  WriteFile("folder/letter.txt", "of somebody else");
+  auto const result = RunConvert({Data("columbus.shp"), Scratch("folder"), "--format", "CSV", "--overwrite"});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr("folder is a folder, which is never replaced"));
+  EXPECT_TRUE(std::filesystem::exists(scratch_.Path() / "folder/letter.txt"));
+  EXPECT_THAT(Files(), testing::ElementsAre("folder"));
+}
+
 TEST_F(Convert, TargetsThatCannotBe) {
   struct {
     std::vector<std::string> arguments;
@@ -341,13 +359,16 @@ std::string ManyFeatures(int count) {
 TEST_F(Convert, AnInterruptedConversionLeavesNothing) {
   WriteFile("in.geojsonl", ManyFeatures(100000));
   std::string const in = Quoted(Scratch("in.geojsonl")), out = Quoted(Scratch("out.gpkg"));
-  auto const result =
-      RunShell("cd " + Quoted(scratch_.Path().string()) + "; \"$QUILLON\" convert " + in + " " + out +
-               " & pid=$!; while ! ls -d .quillon-*/out.gpkg >/dev/null 2>&1; do sleep 0.01; done; "
-               "kill -TERM $pid; wait $pid");
-  EXPECT_EQ(result.code, 1);
-  EXPECT_THAT(result.err, HasSubstr("interrupted; "));
-  EXPECT_THAT(Files(), testing::ElementsAre("in.geojsonl"));
+  for (std::string const signal : {"TERM", "HUP"}) {
+    auto const result =
+        RunShell("cd " + Quoted(scratch_.Path().string()) + "; \"$QUILLON\" convert " + in + " " + out +
+                 " & pid=$!; while ! ls -d .quillon-*/out.gpkg >/dev/null 2>&1; do sleep 0.01; done; "
+                 "kill -" +
+                 signal + " $pid; wait $pid");
+    EXPECT_EQ(result.code, 1) << signal;
+    EXPECT_THAT(result.err, HasSubstr("interrupted; ")) << signal;
+    EXPECT_THAT(Files(), testing::ElementsAre("in.geojsonl")) << signal;
+  }
 }
 
 // A limit on the size of files acts as a full disk does.

@@ -230,6 +230,11 @@ Failure TargetExists(std::string const& target) {
           fmt::format("{} exists; give another name or --overwrite to replace it", target)};
 }
 
+Failure TargetIsNoFile(std::string const& target, bool isFolder) {
+  return {ExitCode::kFailed, fmt::format("{} is {}, which is never replaced; give another name", target,
+                                         isFolder ? "a folder" : "no ordinary file")};
+}
+
 Failure TargetIsSource(std::string const& target) {
   return {ExitCode::kUsage, fmt::format("{} is the source itself; give another name for the target", target)};
 }

@@ -62,6 +62,8 @@ std::string CoordinatesAsTheyAre(std::string const& coordinateSystem);
 // --- Work -------------------------------------------------------------------------------------
 Failure CannotWriteOutput(int systemError);
 Failure TargetExists(std::string const& target);
+// Of a folder, a device, a pipe or a socket.
+Failure TargetIsNoFile(std::string const& target, bool isFolder);
 Failure TargetIsSource(std::string const& target);
 Failure TargetFolderMissing(std::string const& folder);
 Failure CannotCreate(std::string const& target, std::string const& driver, std::string const& detail);

@@ -60,9 +60,8 @@ class Renames {
 
 StagedTarget::StagedTarget(std::string const& target, Overwrite overwrite)
     : target_(PathOf(target)), overwrite_(overwrite) {
+  RefuseWhatStands();
   std::error_code error;
-  if (fs::exists(fs::symlink_status(target_, error)) && overwrite_ == Overwrite::kRefuse)
-    throw TargetExists(Name());
   fs::path const parent = target_.has_parent_path() ? target_.parent_path() : fs::path(".");
   if (!fs::is_directory(parent, error)) throw TargetFolderMissing(Utf8Of(parent));
   // Another process, or one that was killed, may have a folder of this name: take the next.
@@ -77,6 +76,15 @@ StagedTarget::StagedTarget(std::string const& target, Overwrite overwrite)
   }
 }
 
+void StagedTarget::RefuseWhatStands() const {
+  std::error_code ignored;
+  fs::file_status const present = fs::status(target_, ignored);
+  if (fs::exists(present) && !fs::is_regular_file(present))
+    throw TargetIsNoFile(Name(), fs::is_directory(present));
+  if (overwrite_ == Overwrite::kRefuse && fs::exists(fs::symlink_status(target_, ignored)))
+    throw TargetExists(Name());
+}
+
 StagedTarget::~StagedTarget() {
   std::error_code ignored;
   if (!folder_.empty()) fs::remove_all(folder_, ignored);
@@ -89,6 +97,7 @@ std::wstring StagedTarget::Path() const {
 }
 
 void StagedTarget::Commit() {
+  RefuseWhatStands();  // somebody may have put it there meanwhile
   try {
     std::vector<Move> moves;
     for (auto const& entry : fs::directory_iterator(folder_)) {
@@ -100,7 +109,7 @@ void StagedTarget::Commit() {
 
     Renames renames;
     bool const replacesOneFile = moves.size() == 1 && outdated.size() == 1 && outdated[0] == target_ &&
-                                 !fs::is_directory(target_) && !fs::is_directory(moves[0].from);
+                                 !fs::is_directory(moves[0].from);
     if (!replacesOneFile) {  // a single file takes the place of another in one step
       fs::path const old = folder_ / ".replaced";
       fs::create_directory(old);

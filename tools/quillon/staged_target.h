@@ -14,6 +14,7 @@ enum class Overwrite { kRefuse, kReplace };
 // It is written in a folder of its own beside the target, under the name that it will have. Commit
 // moves it into place, the file with the target's own name last; whatever the target replaces stays
 // until then and comes back when a move fails. Without Commit the destructor removes everything.
+// A folder is never replaced, whatever may be in it besides data, and neither are devices and pipes.
 class StagedTarget {
  public:
   // Errors: throws Failure when the target exists and must not be replaced, or its folder is missing or
@@ -36,6 +37,8 @@ class StagedTarget {
 
   // The existing files that make way: those of the same names, and what else belongs to the old target.
   std::vector<std::filesystem::path> Outdated(std::vector<Move> const& moves) const;
+  // Errors: throws Failure for a target that must not be replaced.
+  void RefuseWhatStands() const;
   std::string Name() const;
 
   std::filesystem::path const target_;

@@ -77,6 +77,22 @@ TEST_F(StagedTargetTest, WhatAppearedMeanwhileIsKept) {
   EXPECT_EQ(Read("a.txt"), "of somebody else");
 }
 
+TEST_F(StagedTargetTest, AFolderIsNeverReplaced) {
+  fs::create_directory(PathOf(At("a")));
+  Write(At("a/letters.txt"), "of somebody else");
+  EXPECT_THROW(StagedTarget(At("a"), Overwrite::kReplace), Failure);
+  EXPECT_EQ(Read("a/letters.txt"), "of somebody else");
+}
+
+TEST_F(StagedTargetTest, AFolderThatAppearedMeanwhileIsKept) {
+  StagedTarget target(At("a"), Overwrite::kReplace);
+  Write(Utf8(target.Path()), "new");
+  fs::create_directory(PathOf(At("a")));
+  Write(At("a/letters.txt"), "of somebody else");
+  EXPECT_THROW(target.Commit(), Failure);
+  EXPECT_EQ(Read("a/letters.txt"), "of somebody else");
+}
+
 TEST_F(StagedTargetTest, RefusesWhatExistsAndWhereNothingCanBe) {
   Write(At("a.txt"), "old");
   EXPECT_THROW(StagedTarget(At("a.txt"), Overwrite::kRefuse), Failure);
