@@ -154,7 +154,7 @@ bool ExprEval::Condition::HoldsAsChain(Row const& row) {
 }
 
 void ExprEval::Condition::MakeLinks() {
-  if (!isChain_ || options_.nullIsUnknown) return;
+  if (!isChain_) return;
   std::vector<Link> links;
   for (Step const& step : steps_) {
     bool const isProduct =
@@ -162,21 +162,25 @@ void ExprEval::Condition::MakeLinks() {
     int first = 0;
     if (step.kind == Kind::kInteger) {
       first = static_cast<int>(Code::kIntegerLess);
-    } else if (step.kind == Kind::kReal) {
+    } else if (step.kind == Kind::kReal || isProduct) {
       first = static_cast<int>(Code::kRealLess);
-    } else if (isProduct) {
-      first = static_cast<int>(Code::kProductLess);
     } else if (step.kind == Kind::kText) {
       first = static_cast<int>(Code::kTextLess);
     } else {
       return;
     }
-    // A null column makes a product of 0.0, which is for the step to compare.
-    bool const goesOnIf = step.ways[1] == step.goesOn;
-    links.push_back(
-        {static_cast<Code>(first + static_cast<int>(step.test)), goesOnIf, step.ifNull == step.goesOn,
-         static_cast<std::size_t>(columns_[static_cast<std::size_t>(step.cell)]), step.literal.integer,
-         step.literal.real, isProduct ? step.operand.real : 1.0, step.text});
+    Link link = {};
+    link.code = static_cast<Code>(first + static_cast<int>(step.test));
+    link.goesOnIf = step.ways[1] == step.goesOn;
+    link.nullGoesOn = step.ifNull == step.goesOn;
+    link.nullIsUnexpected = isProduct && !options_.nullIsUnknown;
+    link.unknownGoesOn = step.ifUnknown == step.goesOn;
+    link.column = static_cast<std::size_t>(columns_[static_cast<std::size_t>(step.cell)]);
+    link.integer = step.literal.integer;
+    link.real = step.literal.real;
+    link.factor = isProduct ? step.operand.real : 1.0;
+    link.text = step.text;
+    links.push_back(link);
   }
   links_ = std::move(links);
   holdsAtEnd_ = steps_.back().goesOn == kHolds;

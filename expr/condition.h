@@ -99,17 +99,16 @@ class QUILLON_LOCAL ExprEval::Condition {
     kRealLess,
     kRealGreater,
     kRealEqual,
-    kProductLess,
-    kProductGreater,
-    kProductEqual,
     kTextLess,
     kTextGreater,
     kTextEqual,
   };
   struct Link {
     Code code;
-    bool goesOnIf;    // the outcome of the test that does not decide
-    bool nullGoesOn;  // whether null does not decide
+    bool goesOnIf;          // the outcome of the test that does not decide
+    bool nullGoesOn;        // whether null does not decide
+    bool nullIsUnexpected;  // null is calculated with, as 0.0
+    bool unknownGoesOn;     // whether unknown does not decide
     std::size_t column;
     long long integer;  // the literal
     double real;
@@ -132,24 +131,27 @@ class QUILLON_LOCAL ExprEval::Condition {
   // A link again, for cells of the expected type: as little work as it can come to.
   enum class Shape : unsigned char { kInteger, kReal, kText, kOther };
   struct Gate {
-    std::size_t offset;  // of the cell in the row, in bytes
-    // An integer goes on that is at most width above least, where the greatest is followed by the least.
-    std::uint64_t least;
-    std::uint64_t width;
-    // A real is multiplied; then it lies outside when it is below the one or above the other, and that
-    // goes on unless flips. The same text goes on unless flips.
-    double factor;
-    double below;
-    double above;
+    Shape shape;
+    // A real that lies outside goes on, and so does a text that is the same, unless flips.
     bool flips;
     bool isLonger;           // the literal, than two units
     std::uint32_t lastHead;  // the position of the last unit of head
     wchar_t head[2];         // the units that the literal begins with, the one that ends it among them
     wchar_t const* rest;     // of the literal, behind head
+    std::size_t offset;      // of the cell in the row, in bytes
+    // An integer goes on that is at most width above least, where the greatest is followed by the least.
+    std::uint64_t least;
+    std::uint64_t width;
+    // A real, multiplied, lies outside when it is below the one or above the other. NaN does not.
+    double factor;
+    double below;
+    double above;
   };
   static constexpr std::size_t kMostGates = 3;  // each more makes three times as many functions
-  static Shape ShapeOf(Link const& link);
-  static Gate GateOf(Link const& link);
+  Gate GateOf(Link const& link) const;
+  static void SetIntegers(Link const& link, Gate& gate);
+  void SetReals(Link const& link, Gate& gate) const;
+  static void SetTexts(Link const& link, Gate& gate);
   // The gates one by one, without a loop: there is one such function for each sequence of shapes, and the
   // compiler writes it out.
   template <Shape... kShapes>

@@ -1,6 +1,7 @@
 // The way from a row to the outcome of a filter.
 #include <fdo/expr_eval.h>
 
+#include <cmath>
 #include <cstring>
 
 #include "expr/condition.h"
@@ -21,6 +22,7 @@ ExprEval::Condition::Outcome ExprEval::Condition::FollowLinks(Value const* cells
     double real;
     std::memcpy(&integer, &cell.payload_, sizeof(integer));
     std::memcpy(&real, &cell.payload_, sizeof(real));
+    real *= link.factor;
     int expected = Value::kDouble;
     bool holds = false;
     switch (link.code) {
@@ -45,15 +47,6 @@ ExprEval::Condition::Outcome ExprEval::Condition::FollowLinks(Value const* cells
       case Code::kRealEqual:
         holds = !(real < link.real) & !(real > link.real);
         break;
-      case Code::kProductLess:
-        holds = real * link.factor < link.real;
-        break;
-      case Code::kProductGreater:
-        holds = real * link.factor > link.real;
-        break;
-      case Code::kProductEqual:
-        holds = !(real * link.factor < link.real) & !(real * link.factor > link.real);
-        break;
       default:
         expected = type;
         if ((type & Value::kKindMask) != Value::kString || cell.payload_.text == nullptr) {
@@ -68,12 +61,13 @@ ExprEval::Condition::Outcome ExprEval::Condition::FollowLinks(Value const* cells
         }
         break;
     }
-    if (type != expected) {
-      bool const isProduct = link.code >= Code::kProductLess && link.code <= Code::kProductEqual;
-      if (type != Value::kNull || isProduct) return Outcome::kUnexpected;
+    if (type == expected) {
+      bool const isUnknown = expected == Value::kDouble && options_.nullIsUnknown && std::isnan(real);
+      undecided &= isUnknown ? link.unknownGoesOn : holds == link.goesOnIf;
+    } else if (type == Value::kNull && !link.nullIsUnexpected) {
       undecided &= link.nullGoesOn;
     } else {
-      undecided &= holds == link.goesOnIf;
+      return Outcome::kUnexpected;
     }
   }
   return undecided == holdsAtEnd_ ? Outcome::kHolds : Outcome::kFails;
@@ -159,7 +153,7 @@ ExprEval::Condition::EvalWay* ExprEval::Condition::FindShaped() const {
     if (links_.size() == sizeof...(kShapes)) return EvalShaped<kShapes...>;
   }
   if constexpr (sizeof...(kShapes) < kMostGates) {
-    switch (ShapeOf(links_[sizeof...(kShapes)])) {
+    switch (gates_[sizeof...(kShapes)].shape) {
       case Shape::kInteger:
         return FindShaped<kShapes..., Shape::kInteger>();
       case Shape::kReal:

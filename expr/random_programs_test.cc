@@ -187,16 +187,18 @@ class RandomChains {
   TableDef def_;
 };
 
+constexpr ExprOptions kMeanings[] = {{}, {false, /*nullIsUnknown=*/true}, ExprOptions::AsInSql()};
+
 TEST(FusedConditions, ChainsOfTestsAgreeOverCellsOfEveryKind) {
   constexpr std::uint64_t kSeed = 20261123;
   RandomChains chains(kSeed);
   std::vector<Row> rows(16, Row(&chains.Def()));
   int holding = 0;
   int failing = 0;
-  for (int i = 0; i < 4000; ++i) {
+  for (std::size_t i = 0; i < 6000; ++i) {
     std::wstring const text = chains.Filter();
     FdoPtr<FdoFilter> const filter = FdoFilter::Parse(text.c_str());
-    ExprEval eval(filter, &chains.Def(), nullptr);
+    ExprEval eval(filter, &chains.Def(), nullptr, kMeanings[i % std::size(kMeanings)]);
     ASSERT_TRUE(ExprEvalTestPeer::IsFused(eval));
     for (Row& row : rows) {
       chains.Fill(row);
@@ -205,8 +207,9 @@ TEST(FusedConditions, ChainsOfTestsAgreeOverCellsOfEveryKind) {
       ASSERT_TRUE(ExprEvalTestPeer::EvalStepwise(eval, &row, &stepwise));
       ASSERT_TRUE(eval.Eval(&row, &steps));
       ASSERT_EQ(stepwise.Type(), steps.Type());
-      ASSERT_EQ(stepwise.AsBool(), steps.AsBool()) << "seed " << kSeed << ": " << ToUtf8(text.c_str()) << "\n"
-                                                   << Shown(eval, row);
+      ASSERT_EQ(stepwise.AsBool(), steps.AsBool())
+          << "seed " << kSeed << ", filter " << i << ": " << ToUtf8(text.c_str()) << "\n"
+          << Shown(eval, row);
       ASSERT_EQ(eval.Eval(&row, nullptr), steps.AsBool());
       ++(steps.AsBool() ? holding : failing);
     }
@@ -232,12 +235,14 @@ void CompareEveryPair(ColumnDef::DataType type, std::vector<Number> const& numbe
           FdoComparisonCondition::Create(name, static_cast<FdoComparisonOperations>(operation), literal);
       FdoPtr<FdoFilter> const negated = FdoUnaryLogicalOperator::Create(plain, FdoUnaryLogicalOperations_Not);
       for (FdoFilter* const filter : {plain.p, negated.p}) {
-        ExprEval eval(filter, &def, nullptr);
-        for (Number const cell : numbers) {
-          row[0].Reset(cell);
-          Value stepwise;
-          ASSERT_TRUE(ExprEvalTestPeer::EvalStepwise(eval, &row, &stepwise));
-          EXPECT_EQ(eval.Eval(&row, nullptr), stepwise.AsBool()) << Shown(eval, row);
+        for (ExprOptions const& meaning : kMeanings) {
+          ExprEval eval(filter, &def, nullptr, meaning);
+          for (Number const cell : numbers) {
+            row[0].Reset(cell);
+            Value stepwise;
+            ASSERT_TRUE(ExprEvalTestPeer::EvalStepwise(eval, &row, &stepwise));
+            EXPECT_EQ(eval.Eval(&row, nullptr), stepwise.AsBool()) << Shown(eval, row);
+          }
         }
       }
     }
