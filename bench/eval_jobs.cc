@@ -20,6 +20,9 @@ namespace {
 // As many rows as a cache of 512 KiB holds, so that evaluation is measured and not memory.
 constexpr std::int64_t kRowsInCache = 4000;
 
+// Those rows, and the meaning that filters have on every back end.
+constexpr std::string_view kAsInSql = "in cache, as in SQL";
+
 struct Extent {
   std::int64_t rows;
   int passes;
@@ -27,7 +30,8 @@ struct Extent {
 
 Extent ExtentOf(Workbench const& bench, std::string_view data) {
   if (data == "rows out of cache") return {bench.rows, 1};
-  if (data != "rows in cache") throw std::invalid_argument("no rows \"" + std::string(data) + "\"");
+  if (data != "rows in cache" && data != kAsInSql)
+    throw std::invalid_argument("no rows \"" + std::string(data) + "\"");
   std::int64_t const rows = std::min(kRowsInCache, bench.rows);
   return {rows, static_cast<int>(bench.rows / rows)};
 }
@@ -38,7 +42,7 @@ struct PreparedRows {
   std::unique_ptr<ExprEval> eval;
 };
 
-std::shared_ptr<PreparedRows> Prepare(std::vector<EvalRow> const& from) {
+std::shared_ptr<PreparedRows> Prepare(std::vector<EvalRow> const& from, ExprOptions const& options) {
   auto prepared = std::make_shared<PreparedRows>();
   constexpr struct {
     wchar_t const* name;
@@ -59,12 +63,12 @@ std::shared_ptr<PreparedRows> Prepare(std::vector<EvalRow> const& from) {
     made[3].Reset(ToWide(row.kind).c_str(), /*copy=*/true);
   }
   FdoPtr<FdoFilter> const filter = FdoFilter::Parse(kEvalFilter);
-  prepared->eval = std::make_unique<ExprEval>(filter, &prepared->def, nullptr);
+  prepared->eval = std::make_unique<ExprEval>(filter, &prepared->def, nullptr, options);
   return prepared;
 }
 
-Side EvalSide(std::vector<EvalRow> const& rows, int passes) {
-  std::shared_ptr<PreparedRows> const prepared = Prepare(rows);
+Side EvalSide(std::vector<EvalRow> const& rows, int passes, ExprOptions const& options = {}) {
+  std::shared_ptr<PreparedRows> const prepared = Prepare(rows, options);
   return [prepared, passes] {
     Work work{static_cast<double>(prepared->rows.size()) * passes, 0};
     ExprEval& eval = *prepared->eval;
@@ -180,7 +184,7 @@ Sides EvalVariantJob(Workbench const& bench, std::string_view data) {
   auto byHand = std::make_shared<std::vector<std::vector<Cell>>>();
   for (EvalRow const& row : rows) byHand->push_back({row.id, row.narrow, row.number, ToWide(row.kind)});
   return {
-      EvalSide(rows, extent.passes),
+      EvalSide(rows, extent.passes, data == kAsInSql ? ExprOptions::AsInSql() : ExprOptions()),
       [byHand, passes = extent.passes] {
         Work work{static_cast<double>(byHand->size()) * passes, 0};
         for (int pass = 0; pass < passes; ++pass) {
