@@ -40,11 +40,9 @@ Row const* TableFdo::Next() {
       return nullptr;
     }
     dateTexts_->TakeBack(cells_);
-    if (shown_.positions.empty()) {
-      row_.Invalidate();
-    } else {
-      for (int const column : shown_.columns) ConvertValue(cells_[column], column);
-    }
+    // By name a provider may have given a cell outside the desired fields, which is now the last row's.
+    if (shown_.positions.empty() || accessByName_) row_.Invalidate();
+    for (int const column : shown_.columns) ConvertValue(cells_[column], column);
     return &row_;
   });
 }

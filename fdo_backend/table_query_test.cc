@@ -295,6 +295,16 @@ TEST_F(TableFdoQuery, OutsideTheDesiredFieldsByNameTheReaderIsAsked) {
   EXPECT_EQ(lines_.Lines().size(), 1u) << "the reader has no such property";
 }
 
+TEST_F(TableFdoQuery, OutsideTheDesiredFieldsByNameEachRowHasItsOwnCell) {
+  recorder_->answers.readersHaveAllColumns = true;
+  Open(kColumns, Access::kByName);
+  int const column = 0;
+  Parcels().SetDesiredFields(&column, 1);
+  Parcels().Query();
+  EXPECT_STREQ((*Parcels().Next())[1], L"High");
+  EXPECT_STREQ((*Parcels().Next())[1], L"Low");
+}
+
 TEST_F(TableFdoQuery, DesiredFieldsByFlag) {
   bool const flags[] = {true, false, false, true, false};
   Parcels().SetDesiredFields(flags, 5);

@@ -91,6 +91,9 @@ struct Answers {
   // By the name of the class without its schema. A select of a class that is not here finds no rows.
   std::map<std::wstring, Rows> selects;
 
+  // Whether readers have all columns, whatever properties are selected, as those of some providers do.
+  bool readersHaveAllColumns = false;
+
   // The definition that the readers of a class give; for others, the described class of the name.
   std::map<std::wstring, FdoPtr<FdoClassDefinition>> readerDefinitions;
 

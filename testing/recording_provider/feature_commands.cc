@@ -37,7 +37,9 @@ class SelectCommand : public memory_provider::FeatureSelectBase<Interface, Conne
     std::wstring const className = BareName(this->className_);
     auto const rows = recorder.answers.selects.find(className);
     memory_provider::Result result;
-    if (rows != recorder.answers.selects.end()) result = rows->second.Selected(NamesOf(*this->properties_));
+    if (rows != recorder.answers.selects.end())
+      result = rows->second.Selected(recorder.answers.readersHaveAllColumns ? std::vector<std::wstring>()
+                                                                            : NamesOf(*this->properties_));
     FdoPtr<FdoClassDefinition> definition = recorder.ReaderDefinition(className);
     return make(this->connection_.p->SharedRecorder(), std::move(result), definition);
   }
