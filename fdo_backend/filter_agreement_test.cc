@@ -175,10 +175,40 @@ TEST_F(FilterAgreement, ADoubleDividedByZeroIsInfinite) {
   EXPECT_EQ(ByEvaluator(L"i / (id - id) > 0"), Ids{});
 }
 
-// Whole numbers that do not fit are cut to their low bits by the evaluator, and null in the store.
+// Of whole numbers that do not fit the evaluator takes the low bits, or of doubles the least integer; in the
+// store they are null.
 TEST_F(FilterAgreement, WholeNumbersThatDoNotFit) {
   EXPECT_EQ(BySqlite(L"ToInt32(ToDouble(5000000000) + id) > 0"), Ids{});
   EXPECT_EQ(ByEvaluator(L"ToInt32(ToDouble(5000000000) + id) > 0").size(), std::size_t{kRows});
+  for (wchar_t const* const text : {L"ToInt64(1e300) < id", L"Trunc(1e300) < id", L"Mod(1e300, 7) < id"}) {
+    EXPECT_EQ(BySqlite(text), Ids{}) << ToUtf8(text);
+    EXPECT_EQ(ByEvaluator(text).size(), std::size_t{kRows}) << ToUtf8(text);
+  }
+}
+
+// The evaluator compares with each value of a list as with that value alone; the store takes one kind only.
+TEST_F(FilterAgreement, ListsOfSeveralKinds) {
+  EXPECT_EQ(ByEvaluator(L"t IN ('abc', 1)"), BySqlite(L"t = 'abc' OR t = 1"));
+  EXPECT_FALSE(BySqlite(L"t = 'abc'").empty());
+  CapturedDiagnostics diagnostics;
+  EXPECT_EQ(BySqlite(L"t IN ('abc', 1)"), Ids{});
+  EXPECT_EQ(diagnostics.Lines(), std::vector<std::wstring>{L"The values of a list must be of one kind."});
+}
+
+// The ordinates of what is no point are 0 for the evaluator, and null in the store.
+TEST_F(FilterAgreement, OrdinatesOfWhatIsNoPoint) {
+  Ids const points = BySqlite(L"X(shape) > -1000");
+  ASSERT_GT(points.size(), 5u);
+  Ids const others = [&] {
+    Ids ids = BySqlite(L"NOT shape NULL");
+    for (long long const id : points) ids.erase(id);
+    return ids;
+  }();
+  ASSERT_GT(others.size(), 5u);
+  EXPECT_EQ(ByEvaluator(L"X(shape) > 0"), BySqlite(L"X(shape) > 0"));
+  Ids zero = BySqlite(L"X(shape) = 0");
+  zero.insert(others.begin(), others.end());
+  EXPECT_EQ(ByEvaluator(L"X(shape) = 0"), zero);
 }
 
 // The text of a flag is the evaluator's own; the store has words.
