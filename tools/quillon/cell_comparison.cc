@@ -1,5 +1,6 @@
 #include "tools/quillon/cell_comparison.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -57,8 +58,24 @@ std::optional<Numeral> ReadNumeral(Value const& cell) {
 }
 
 bool SameNumber(Numeral const& left, Numeral const& right) {
-  if (left.isInteger && right.isInteger) return left.integer == right.integer;
+  if (left.isInteger != right.isInteger) return false;
+  if (left.isInteger) return left.integer == right.integer;
   return left.number == right.number || (std::isnan(left.number) && std::isnan(right.number));
+}
+
+// Of integers exactly, as far as a double tells: near 2^63 many of them are the same double.
+double Deviation(Numeral const& left, Numeral const& right) {
+  auto const between = [](std::uint64_t low, std::uint64_t high) { return static_cast<double>(high - low); };
+  auto const& [lesser, greater] = std::minmax(left, right, [](Numeral const& a, Numeral const& b) {
+    return a.isInteger && b.isInteger ? a.integer < b.integer : a.number < b.number;
+  });
+  if (lesser.isInteger && greater.isInteger) {
+    return between(static_cast<std::uint64_t>(lesser.integer), static_cast<std::uint64_t>(greater.integer));
+  }
+  if (lesser.number != greater.number) return greater.number - lesser.number;
+  // One is 2^63, which is no integer of 64 bits, the other an integer near it.
+  constexpr std::uint64_t kTwoTo63 = std::uint64_t{1} << 63;
+  return between(static_cast<std::uint64_t>(left.isInteger ? left.integer : right.integer), kTwoTo63);
 }
 
 CellChange CompareNumbers(Value const& source, Value const& target) {
@@ -71,7 +88,7 @@ CellChange CompareNumbers(Value const& source, Value const& target) {
     bool const isOutside = before->integer > Limits::max() || before->integer < Limits::min();
     if (isOutside && after->integer == cut) return {Change::kIntegerCut};
   }
-  double const deviation = std::abs(before->number - after->number);
+  double const deviation = Deviation(*before, *after);
   if (deviation <= kRounding * std::abs(before->number)) return {Change::kNumberRounded, deviation};
   bool const lostItsFraction = deviation < 1 && after->isInteger && !before->isInteger;
   return {lostItsFraction ? Change::kNumberRounded : Change::kNumberChanged, deviation};

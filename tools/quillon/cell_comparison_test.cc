@@ -41,6 +41,20 @@ TEST(CellComparison, WhatHappensToNumbers) {
             Change::kNumberRounded);
 }
 
+TEST(CellComparison, DifferencesThatADoubleDoesNotTell) {
+  long long const greatest = 9223372036854775807LL;
+  auto const deviation = [](Value const& source, Value const& target) {
+    return CompareCells(source, ColumnDef::kInt64, target).deviation;
+  };
+  EXPECT_EQ(deviation(Value(9007199254740993LL), Value(9007199254740992LL)), 1);
+  EXPECT_EQ(deviation(Value(9007199254740992LL), Value(L"9007199254740995")), 3);
+  EXPECT_EQ(deviation(Value(greatest), Value(9223372036854775808.0)), 1);
+  EXPECT_EQ(Compare(Value(greatest), ColumnDef::kInt64, Value(9223372036854775808.0)),
+            Change::kNumberRounded);
+  EXPECT_EQ(deviation(Value(9223372036854775808.0), Value(greatest - 9)), 10);
+  EXPECT_EQ(deviation(Value(-greatest), Value(-greatest - 1)), 1);
+}
+
 TEST(CellComparison, WhatHappensToNothing) {
   EXPECT_EQ(Compare(Value(), ColumnDef::kDouble, Value()), Change::kNone);
   EXPECT_EQ(Compare(Value(), ColumnDef::kDouble, Value(0.0)), Change::kNullAsZero);
