@@ -230,6 +230,9 @@ TEST_F(FilterAgreement, LikeSeesTheTextOfAMoment) {
   EXPECT_EQ(ByEvaluator(L"w LIKE '2024%:05'"), Ids{});
   EXPECT_EQ(ByEvaluator(L"w LIKE '2024%:05.000'"), BySqlite(L"w LIKE '2024%:05'"));
   EXPECT_EQ(ByEvaluator(L"w LIKE '2024%'"), BySqlite(L"w LIKE '2024%'"));
+  EXPECT_EQ(ByEvaluator(L"ToString(w) = '2024-03-01T14:30:05.000'"),
+            BySqlite(L"ToString(w) = '2024-03-01T14:30:05'"));
+  EXPECT_GT(BySqlite(L"ToString(w) = '2024-03-01T14:30:05'").size(), 5u);
 }
 
 // A time of day alone comes before all dates in the store; the evaluator compares its text.
