@@ -60,7 +60,7 @@ class Converter {
     TableDef const& def = *table.Def();
     BoundSelection const selection = Bind(options_.selection, def);
     TargetFormat const format = TargetFormat::Choose(options_.target, options_.format);
-    RefuseSourceAsTarget();
+    RefuseSourceAsTarget(source);
 
     report_.source = source.name;
     report_.table = Utf8(def.Name());
@@ -82,10 +82,14 @@ class Converter {
   }
 
  private:
-  void RefuseSourceAsTarget() const {
-    std::error_code ignored;
-    if (std::filesystem::equivalent(PathOf(options_.source.source), PathOf(options_.target), ignored))
-      throw TargetIsSource(options_.target);
+  void RefuseSourceAsTarget(Source const& source) const {
+    auto files = FilesOf(source);
+    files.push_back(source.name);
+    for (std::string const& file : files) {
+      std::error_code ignored;
+      if (std::filesystem::equivalent(PathOf(file), PathOf(options_.target), ignored))
+        throw TargetIsSource(options_.target);
+    }
   }
 
   void Write(Table& table, BoundSelection const& selection, ConversionTarget& target) {

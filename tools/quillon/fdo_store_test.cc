@@ -144,6 +144,15 @@ TEST_F(FdoStore, AProviderOpensAConnectionString) {
   EXPECT_EQ(missing.code, 3);
   EXPECT_THAT(missing.err, HasSubstr("cannot be opened through the provider OSGeo.ArcSDE"));
   EXPECT_THAT(missing.err, HasSubstr("Failed to load provider: ArcSDEProvider"));
+  EXPECT_THAT(RunQuillon({"info", string, "--provider", "Nobody"}).err,
+              HasSubstr("through the provider Nobody: there is no provider of that name. quillon providers"));
+  auto const path = RunQuillon({"info", Scratch("world.sqlite"), "--provider", "OSGeo.SQLite"});
+  EXPECT_EQ(path.code, 3);
+  EXPECT_THAT(path.err, HasSubstr("is a connection string, such as '" + string + "'\n"));
+  auto const onto =
+      RunQuillon({"convert", string, Scratch("world.sqlite"), "--provider", "OSGeo.SQLite", "--overwrite"});
+  EXPECT_EQ(onto.code, 2);
+  EXPECT_THAT(onto.err, HasSubstr("is the source itself"));
 }
 
 TEST_F(FdoStore, ProvidersSaysWhatIsThereAndWhatIsMissing) {

@@ -101,6 +101,12 @@ Failure ProviderFailed(std::string const& source, std::string const& provider, s
                       source, provider, WithDetail(detail))};
 }
 
+Failure PathIsNoConnectionString(std::string const& path, std::wstring const& connectionString) {
+  return {ExitCode::kCannotOpen,
+          fmt::format("{} is a path, but with --provider the source is a connection string, such as '{}'",
+                      path, Utf8(connectionString.c_str()))};
+}
+
 Failure NoTables(std::string const& source) {
   return {ExitCode::kFailed, fmt::format("{} has no tables", source)};
 }

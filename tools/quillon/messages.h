@@ -25,6 +25,8 @@ Failure SourceMissing(std::string const& source);
 // detail: what the back end says, or "".
 Failure SourceUnreadable(std::string const& source, std::string const& detail);
 Failure ProviderFailed(std::string const& source, std::string const& provider, std::string const& detail);
+// Of a file that was given where a provider takes a connection string, which that might be.
+Failure PathIsNoConnectionString(std::string const& path, std::wstring const& connectionString);
 Failure NoTables(std::string const& source);
 Failure NoSuchTable(std::string const& source, std::string const& name, std::string const& suggestion,
                     std::vector<std::string> const& tables);

@@ -1,6 +1,7 @@
 #include "tools/quillon/open_source.h"
 
 #include <Fdo.h>
+#include <fdo/connection_string.h>
 #include <fdo/database_fdo.h>
 #include <fdo/database_ogr.h>
 
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 
 #include "tools/quillon/messages.h"
@@ -37,6 +39,14 @@ std::string Joined(std::vector<std::string> const& lines) {
   return text;
 }
 
+// Why a provider that is named did not open a source: what it said itself, as far as there is one.
+std::string ReasonsOfProvider(std::vector<std::string> lines) {
+  constexpr std::string_view kNoneRegistered = "No FDO providers found.";
+  auto const isNoReason = [&](std::string const& line) { return line.rfind(kNoneRegistered, 0) == 0; };
+  lines.erase(std::remove_if(lines.begin(), lines.end(), isNoReason), lines.end());
+  return lines.empty() ? "there is no provider of that name" : Joined(lines);
+}
+
 // Why a source did not open: what an FDO provider said that was found, and what GDAL said of reading.
 std::string Reasons(std::vector<ConnectAttempt> const& attempts) {
   std::vector<std::string> reasons;
@@ -49,6 +59,13 @@ std::string Reasons(std::vector<ConnectAttempt> const& attempts) {
     }
   }
   return Joined(reasons);
+}
+
+// Null for a source that no FDO provider opened.
+FdoPtr<FdoIConnection> ConnectionOf(Source const& source) {
+  auto const* const database =
+      dynamic_cast<DatabaseFdo const*>(static_cast<Database const*>(source.database));
+  return FdoPtr<FdoIConnection>(database == nullptr ? nullptr : database->FdoConnection());
 }
 
 }  // namespace
@@ -67,6 +84,7 @@ Source OpenSource(SourceOptions const& options, Session& session) {
   bool const providerIsNamed = !wideProvider.empty();
   std::error_code ignored;
   bool const exists = std::filesystem::exists(PathOf(name), ignored);
+  if (name.empty()) throw Usage("SOURCE is empty");
   if (!providerIsNamed && !exists && !MayBeNoFile(name)) throw SourceMissing(name);
 
   Database* const database =
@@ -75,10 +93,24 @@ Source OpenSource(SourceOptions const& options, Session& session) {
   auto const* const throughGdal = dynamic_cast<DatabaseOgr const*>(database);
   if (providerIsNamed && (database == nullptr || throughGdal != nullptr)) {
     DbPool::ReleaseConnection(database, /*destroy=*/true);
-    throw ProviderFailed(name, options.provider, Joined(lines));
+    std::wstring const connectionString = MakeConnectionString(wideProvider.c_str(), wideName.c_str());
+    if (exists && connectionString != wideName) throw PathIsNoConnectionString(name, connectionString);
+    throw ProviderFailed(name, options.provider, ReasonsOfProvider(lines));
   }
   if (database == nullptr) throw SourceUnreadable(name, Reasons(DbPool::LastAttempts()));
   return {name, database, throughGdal};
+}
+
+std::vector<std::string> FilesOf(Source const& source) {
+  std::vector<std::string> files;
+  FdoPtr<FdoIConnection> const connection = ConnectionOf(source);
+  if (connection == nullptr) return files;
+  FdoPtr<FdoIConnectionInfo> const info = connection->GetConnectionInfo();
+  FdoPtr<FdoStringCollection> const names = info->GetDependentFileNames();
+  for (FdoInt32 i = 0; names != nullptr && i < names->GetCount(); ++i) {
+    files.push_back(Utf8(names->GetString(i)));
+  }
+  return files;
 }
 
 std::string ReadError(Source const& source) {
@@ -92,10 +124,8 @@ void FinishReading(Source const& source, Table& table, Session& session) {
 }
 
 bool OrdersRows(Source const& source) {
-  auto const* const database =
-      dynamic_cast<DatabaseFdo const*>(static_cast<Database const*>(source.database));
-  if (database == nullptr) return false;
-  FdoPtr<FdoIConnection> const connection = database->FdoConnection();
+  FdoPtr<FdoIConnection> const connection = ConnectionOf(source);
+  if (connection == nullptr) return false;
   FdoPtr<FdoICommandCapabilities> const capabilities = connection->GetCommandCapabilities();
   FdoInt32 count = 0;
   FdoInt32 const* const commands = capabilities->GetCommands(count);

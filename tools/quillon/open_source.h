@@ -41,6 +41,9 @@ struct Source {
 // Errors: throws Failure that says whether the source is missing or cannot be read.
 Source OpenSource(SourceOptions const& options, Session& session);
 
+// The files that a source opened by an FDO provider is made of; none for any other.
+std::vector<std::string> FilesOf(Source const& source);
+
 // Why reading the source broke off, or "" when it did not. GDAL tells of damage on the way only so.
 std::string ReadError(Source const& source);
 

@@ -64,6 +64,7 @@ TEST_F(Quillon, WrongUsageIsCode2AndSaysWhereToLook) {
       {{}, "subcommand is required"},
       {{"qurey", Data("world.gpkg")}, "there is no command \"qurey\"; did you mean \"query\"?"},
       {{"query"}, "SOURCE is required"},
+      {{"query", ""}, "SOURCE is empty"},
       {{"query", Data("world.gpkg"), "--limit", "-1"}, "--limit: \"-1\" is no whole number from 0 on\n"},
       {{"query", Data("world.gpkg"), "--limit", "x"}, "--limit: \"x\" is no whole number from 0 on\n"},
       {{"query", Data("world.gpkg"), "--row", "0"}, "--row: \"0\" is no whole number from 1 on\n"},
