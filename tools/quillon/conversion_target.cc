@@ -93,8 +93,13 @@ void ConversionTarget::CreateThroughGdal(std::wstring const& driver, TableDef co
 
 std::string ConversionTarget::LastError() {
   if (throughGdal_ != nullptr) return Utf8(throughGdal_->LastError());
-  auto const lines = session_.TakeDiagnostics();
-  return lines.empty() ? std::string() : lines.back();
+  auto lines = session_.TakeDiagnostics();
+  if (lines.empty()) return {};
+  std::string reason = std::move(lines.back());
+  lines.pop_back();
+  // Those before it came of reading the row.
+  for (std::string const& line : lines) session_.console.Note(line);
+  return reason;
 }
 
 std::string ConversionTarget::Close() {

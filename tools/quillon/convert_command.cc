@@ -97,10 +97,11 @@ class Converter {
     std::int64_t const total = options_.selection.where.empty() && options_.selection.box.empty()
                                    ? table.GetRowCount(nullptr, !kAllowScan)
                                    : -1;
-    report_.rows = CopyRows(
-        table, selection, columns_, target.Rows(), target.GeometryAsText(),
-        [&] { return target.LastError(); },
-        [&](CopiedRows const& rows) { Step("writing", rows.read, total); });
+    CopyEvents const events = {[&] { return target.LastError(); },
+                               [&] { sourceFailed_ = session_.ShowDiagnostics(); },
+                               [&](CopiedRows const& rows) { Step("writing", rows.read, total); }};
+    report_.rows = CopyRows(table, selection, columns_, target.Rows(), target.GeometryAsText(), events);
+    if (sourceFailed_ && report_.rows.read == 0) throw QueryFailed(options_.source.source);
     std::string const closing = target.Close();
     if (session_.ShowDiagnostics()) throw CannotFinish(options_.target);
     if (report_.rows.read > 0 && report_.rows.written == 0) {
@@ -131,15 +132,20 @@ class Converter {
       if (!isGeometry && matches[i] >= 0)
         report_.columns[i].targetName = Utf8((*target.Def())[matches[i]].Name());
     }
-    if (session_.ShowDiagnostics()) throw CannotReadBack(options_.target, "see above");
+    if (sourceFailed_) {
+      session_.ForgiveDiagnostics();  // the source says the same again
+    } else if (session_.ShowDiagnostics()) {
+      throw CannotReadBack(options_.target, "see above");
+    }
   }
 
   ExitCode Report() {
     session_.console.ClearProgress();
     for (auto const& note : report_.Notes()) session_.console.Note(note);
-    if (!readError_.empty()) session_.console.Error(RowsMissing(options_.source.source, readError_).message);
+    bool const readAll = readError_.empty() && !sourceFailed_;
+    if (!readAll) session_.console.Error(RowsMissing(options_.source.source, readError_).message);
     session_.output.Write(options_.json ? report_.Json() : report_.Summary());
-    return report_.IsComplete() && readError_.empty() ? ExitCode::kDone : ExitCode::kPartlyDone;
+    return report_.IsComplete() && readAll ? ExitCode::kDone : ExitCode::kPartlyDone;
   }
 
   void Step(char const* doing, std::int64_t done, std::int64_t total) {
@@ -157,8 +163,9 @@ class Converter {
   ConvertOptions const& options_;
   Session& session_;
   InterruptionWatch watch_;
-  std::string readError_;     // why the source broke off
-  std::vector<int> columns_;  // positions in the source, as they are written
+  std::string readError_;      // why the source broke off
+  bool sourceFailed_ = false;  // with messages that have been shown
+  std::vector<int> columns_;   // positions in the source, as they are written
   ConversionReport report_;
 };
 

@@ -1,4 +1,5 @@
 // Runs the program on stores of FDO providers.
+#include <Fdo.h>
 #include <fdo/database_fdo.h>
 
 #include <gmock/gmock.h>
@@ -124,6 +125,34 @@ TEST_F(FdoStore, AnIdThatIsNoWholeNumberIsRefused) {
   auto const result = RunQuillon({"query", Scratch("names.sqlite"), "--id", "1"});
   EXPECT_EQ(result.code, 1) << result.out;
   EXPECT_THAT(result.err, HasSubstr("has no whole numbers as ids"));
+}
+
+// SQLite stores any value in any column.
+TEST_F(FdoStore, AValueThatDoesNotFitItsColumnIsToldAndTheRestConverted) {
+  std::string const store = World();
+  {
+    CapturedDiagnostics const ignored;
+    DatabaseFdo database;
+    ASSERT_TRUE(database.Connect(scratch_.File("world.sqlite").c_str(), nullptr, nullptr, false, true));
+    FdoPtr<FdoIConnection> const connection = database.FdoConnection();
+    FdoPtr<FdoISQLCommand> const change =
+        static_cast<FdoISQLCommand*>(connection->CreateCommand(FdoCommandType_SQLCommand));
+    change->SetSQLStatement(L"UPDATE world SET pop = 'many' WHERE name_long IN ('China', 'India')");
+    EXPECT_EQ(change->ExecuteNonQuery(), 2);
+  }
+  auto const result = RunQuillon({"convert", store, Scratch("out.gpkg")});
+  EXPECT_EQ(result.code, 4) << result.err;
+  EXPECT_THAT(result.err,
+              HasSubstr("The value \"many\" that is stored for the property \"pop\" does not fit"));
+  EXPECT_THAT(result.err, HasSubstr("world.sqlite met an error; rows or values may be missing\n"));
+  EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2) << result.err;
+  EXPECT_EQ(RunForJson({"query", Scratch("out.gpkg")}).size(), 177u);
+  EXPECT_EQ(Query({Scratch("out.gpkg"), "--where", "name_long = 'China'"})[0]["pop"], json());
+
+  auto const refused = RunQuillon({"convert", store, Scratch("none.gpkg"), "--where", "pop > 'x'"});
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_THAT(refused.err, HasSubstr("failed for the reason above"));
+  EXPECT_FALSE(std::filesystem::exists(scratch_.Path() / "none.gpkg"));
 }
 
 TEST_F(FdoStore, AFileThatIsNoStoreIsOneMessage) {

@@ -41,8 +41,7 @@ void WriteAsText(Value& to, Value const& geometry) {
 }  // namespace
 
 CopiedRows CopyRows(Table& source, BoundSelection const& selection, std::vector<int> const& columns,
-                    Table& target, bool geometryAsText, std::function<std::string()> const& lastError,
-                    std::function<void(CopiedRows const&)> const& step) {
+                    Table& target, bool geometryAsText, CopyEvents const& events) {
   TableDef const& sourceDef = *source.Def();
   TableDef const& targetDef = *target.Def();
   Row written(&targetDef);
@@ -69,11 +68,12 @@ CopiedRows CopyRows(Table& source, BoundSelection const& selection, std::vector<
       ++rows.written;
     } else {
       rows.refused.push_back(rows.read);
-      ++rows.reasons[lastError()];
+      ++rows.reasons[events.whyRefused()];
     }
     ++rows.read;
-    step(rows);
+    events.copied(rows);
   }
+  events.allRead();
   target.CommitWrite();
   source.EndQuery();
   return rows;

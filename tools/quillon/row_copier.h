@@ -21,12 +21,17 @@ struct CopiedRows {
   std::map<std::string, std::int64_t> reasons;  // why, and how many of them
 };
 
+// What is asked and told while rows are copied.
+struct CopyEvents {
+  std::function<std::string()> whyRefused;        // of the latest row
+  std::function<void()> allRead;                  // and the target still has them to settle
+  std::function<void(CopiedRows const&)> copied;  // after each row; may throw
+};
+
 // Writes the selected rows of one table into another that has just been created from the columns (see
 // DefineTarget): beside its identity and its geometry it has a field for each other column, in order.
-// lastError says why the latest row was refused; step is called after each row and may throw.
 CopiedRows CopyRows(Table& source, BoundSelection const& selection, std::vector<int> const& columns,
-                    Table& target, bool geometryAsText, std::function<std::string()> const& lastError,
-                    std::function<void(CopiedRows const&)> const& step);
+                    Table& target, bool geometryAsText, CopyEvents const& events);
 
 }  // namespace fdo::tool
 
