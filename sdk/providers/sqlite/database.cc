@@ -93,8 +93,10 @@ void Database::Create(std::wstring const& file, int busyMilliseconds) {
 
 void Database::OpenHandle(int busyMilliseconds) {
   std::string const name = NameForSqlite(file_);
-  int code = sqlite3_open_v2(name.c_str(), &handle_,
-                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  vfs_.emplace();
+  int code =
+      sqlite3_open_v2(name.c_str(), &handle_,
+                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, vfs_->Name());
   if (code == SQLITE_OK) {
     Configure(handle_);
     SetBusyWait(busyMilliseconds);
@@ -139,6 +141,7 @@ void Database::Close() noexcept {
   // Rolls back what is open. There is nothing left that could keep it from closing.
   sqlite3_close_v2(handle_);
   handle_ = nullptr;
+  vfs_.reset();
   readOnly_ = false;
   begun_ = false;
 }

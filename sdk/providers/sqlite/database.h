@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "sdk/providers/sqlite/gathering_vfs.h"
 #include "sdk/providers/sqlite/sqlite_failure.h"
 #include "sdk/providers/sqlite/statement.h"
 
@@ -110,6 +112,7 @@ class Database {
   static void Forget(PreparedPtr const& prepared);
   void TakeBack(PreparedPtr const& prepared);
 
+  std::optional<GatheringVfs> vfs_;  // while open
   sqlite3* handle_ = nullptr;
   std::wstring file_;
   bool readOnly_ = false;
