@@ -1,6 +1,8 @@
 #include "tools/quillon/cell_text.h"
 
 #include <charconv>
+#include <cmath>
+#include <limits>
 
 #include "tools/quillon/geometry_json.h"
 #include "tools/quillon/geometry_text.h"
@@ -61,7 +63,8 @@ bool AppendCellText(std::string& out, Value const& cell, ColumnDef::DataType typ
       AppendNumeral(out, Integer(cell));
       return true;
     case Value::kDouble:
-      AppendNumeral(out, Number(cell));
+      // What is no number has a sign of no meaning.
+      AppendNumeral(out, std::isnan(Number(cell)) ? std::numeric_limits<double>::quiet_NaN() : Number(cell));
       return true;
     case Value::kString:
       AppendUtf8(out, std::wstring_view(Text(cell)));

@@ -1,5 +1,7 @@
 #include "tools/quillon/console.h"
 
+#include "tools/quillon/utf8.h"
+
 namespace fdo::tool {
 
 bool Console::ProgressIsDue() {
@@ -32,7 +34,7 @@ void Console::Say(char const* colour, std::string_view kind, std::string_view me
   line += "quillon: ";
   line += kind;
   if (isTerminal_) line += "\x1b[0m";
-  line += message;
+  line += WithoutControls(message);
   line += '\n';
   std::fwrite(line.data(), 1, line.size(), stream_);
   std::fflush(stream_);

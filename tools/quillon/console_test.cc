@@ -31,6 +31,17 @@ TEST(Console, IsPlainUnlessOnATerminal) {
             "quillon: note: n\nquillon: e\n");
 }
 
+// A name in a file may be made to change the terminal.
+TEST(Console, WritesNoControlsOfWhatItIsGiven) {
+  EXPECT_EQ(Written(true,
+                    [](Console& console) {
+                      console.Error(
+                          "a\x1b[2Jb\r\xc2\x9b"
+                          "1mc\n\td \xc3\xa9");
+                    }),
+            "\x1b[31mquillon: \x1b[0ma [2Jb  1mc\n\td \xc3\xa9\n");
+}
+
 TEST(Console, ReplacesTheProgressLineOnATerminal) {
   EXPECT_EQ(Written(true,
                     [](Console& console) {

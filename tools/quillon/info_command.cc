@@ -8,6 +8,7 @@
 #include "tools/quillon/command.h"
 #include "tools/quillon/coordinate_system_name.h"
 #include "tools/quillon/json_text.h"
+#include "tools/quillon/messages.h"
 #include "tools/quillon/open_source.h"
 #include "tools/quillon/selection.h"
 #include "tools/quillon/text_table.h"
@@ -65,7 +66,8 @@ std::int64_t CountRows(Table& table) {
 
 std::string Describe(Table& table) {
   TableDef const& def = *table.Def();
-  std::string text = fmt::format("\n{}: {} rows\n", Utf8(def.Name()), CountRows(table));
+  std::string text =
+      fmt::format("\n{}: {} rows\n", OneLine(WithoutControls(Utf8(def.Name()))), CountRows(table));
   if (def.HasGeom()) {
     std::string types;
     for (auto const& type : GeometryTypes(def.Geom().GeomTypes()))
@@ -75,7 +77,7 @@ std::string Describe(Table& table) {
     text += extent ? fmt::format("  extent: {}, {}, {}, {}\n", (*extent)[0], (*extent)[1], (*extent)[2],
                                  (*extent)[3])
                    : "  extent: none\n";
-    std::string const system = Utf8(CoordinateSystemName(def));
+    std::string const system = OneLine(WithoutControls(Utf8(CoordinateSystemName(def))));
     text += fmt::format("  coordinate system: {}\n", system.empty() ? "unknown" : system);
   }
   TextTable columns;

@@ -11,8 +11,6 @@ namespace {
 
 constexpr char kEllipsis[] = "\xe2\x80\xa6";
 
-bool IsControl(char32_t character) { return character < 0x20 || (character >= 0x7f && character < 0xa0); }
-
 // Appends what fits into that many columns; returns how many it takes.
 int AppendFitting(std::string& out, std::string const& text, int room) {
   bool const fits = DisplayWidth(text) <= room;

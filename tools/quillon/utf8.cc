@@ -125,6 +125,18 @@ bool WideFromUtf8(std::string_view text, std::wstring& wide) {
   return true;
 }
 
+bool IsControl(char32_t character) { return character < 0x20 || (character >= 0x7f && character < 0xa0); }
+
+std::string WithoutControls(std::string_view text) {
+  std::string shown;
+  for (std::size_t position = 0; position < text.size();) {
+    char32_t const character = NextCharacter(text, position);
+    bool const isLayout = character == U'\n' || character == U'\t';
+    AppendUtf8(shown, IsControl(character) && !isLayout ? U' ' : character);
+  }
+  return shown;
+}
+
 int DisplayWidth(char32_t character) {
   if (character < 0x300) return 1;
   if (IsIn(kWithoutWidth, character)) return 0;

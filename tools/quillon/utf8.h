@@ -29,6 +29,11 @@ std::string Utf8(std::wstring_view text);
 // Errors: false when the text is not valid UTF-8; wide is then unspecified.
 bool WideFromUtf8(std::string_view text, std::wstring& wide);
 
+bool IsControl(char32_t character);
+
+// With a blank in the place of each control character but line breaks and tabs: what a terminal is given.
+std::string WithoutControls(std::string_view text);
+
 // The columns that a terminal gives the text: two for the wide East Asian characters, none for
 // combining marks, one for everything else.
 int DisplayWidth(char32_t character);
