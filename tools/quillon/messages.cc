@@ -61,6 +61,11 @@ Failure NoSuchCommand(std::string const& name, std::string const& suggestion) {
                            suggestion.empty() ? "" : fmt::format("; did you mean \"{}\"?", suggestion)));
 }
 
+Failure NoSuchOption(std::string const& name) {
+  return Usage(
+      fmt::format("there is no option {}; what begins with a minus and is none goes behind --", name));
+}
+
 Failure NotUtf8(int argument) {
   return {ExitCode::kUsage,
           fmt::format("argument {} is not UTF-8 text; set a UTF-8 locale or rename the file", argument)};

@@ -15,6 +15,7 @@ namespace fdo::tool {
 // --- Command line -----------------------------------------------------------------------------
 Failure Usage(std::string const& detail);
 Failure NoSuchCommand(std::string const& name, std::string const& suggestion);
+Failure NoSuchOption(std::string const& name);
 Failure NotUtf8(int argument);
 Failure BadBox(std::string const& text);
 Failure ColumnTwice(std::string const& name);

@@ -106,7 +106,11 @@ ExitCode Run(std::vector<std::string> arguments, Session& session) {
     line.app.parse(arguments);
   } catch (CLI::ParseError const& error) {
     std::ostringstream help, ignored;
-    if (line.app.exit(error, help, ignored) != 0) throw Usage(error.what());
+    if (line.app.exit(error, help, ignored) != 0) {
+      auto const left = line.app.remaining(/*recurse=*/true);
+      if (!left.empty() && left.front().rfind('-', 0) == 0) throw NoSuchOption(left.front());
+      throw Usage(error.what());
+    }
     session.output.Write(help.str());
     session.output.Flush();
     return ExitCode::kDone;

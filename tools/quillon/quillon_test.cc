@@ -65,6 +65,8 @@ TEST_F(Quillon, WrongUsageIsCode2AndSaysWhereToLook) {
       {{"qurey", Data("world.gpkg")}, "there is no command \"qurey\"; did you mean \"query\"?"},
       {{"query"}, "SOURCE is required"},
       {{"query", ""}, "SOURCE is empty"},
+      {{"query", Data("world.gpkg"), "--were", "pop > 1"}, "there is no option --were; what begins with a"},
+      {{"eval", "-a"}, "there is no option -a; what begins with a minus and is none goes behind --\n"},
       {{"query", Data("world.gpkg"), "--limit", "-1"}, "--limit: \"-1\" is no whole number from 0 on\n"},
       {{"query", Data("world.gpkg"), "--limit", "x"}, "--limit: \"x\" is no whole number from 0 on\n"},
       {{"query", Data("world.gpkg"), "--row", "0"}, "--row: \"0\" is no whole number from 1 on\n"},
