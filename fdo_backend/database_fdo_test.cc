@@ -207,6 +207,17 @@ TEST_F(DatabaseFdoTest, AClassThatCannotBeSelectedLeavesAnEmptyTableAtTheEnd) {
   EXPECT_EQ(failures, 5) << "making, naming and running the select, its class, and closing the reader";
 }
 
+TEST_F(DatabaseFdoTest, NullReadersAreNoContextsAndNoClasses) {
+  recorder_->answers.nullResults = {0, 11};
+  DatabaseFdo database;
+  EXPECT_TRUE(database.Connect(L"x", L"OSGeo.SQLite", nullptr, false, true));
+  EXPECT_EQ(NamesOf(database), (Lines{L":", L":"}));
+  EXPECT_EQ(diagnostics_.Lines(), (Lines{L"Can't query db object: parcel, ConnStr: x",
+                                         L"Can't query db object: owner, ConnStr: x"}));
+  EXPECT_TRUE(database.Connect(L"x", L"OSGeo.SDF", nullptr, false, true));
+  EXPECT_EQ((*database.Def())[0].Geom().SRS(), nullptr);
+}
+
 TEST_F(DatabaseFdoTest, SqliteClassesAreWhatSelectingThemGives) {
   recorder_->answers.readerDefinitions[L"owner"] = ClassOf(
       L"owner", {Id(L"rowid"), Data(L"name", FdoDataType_String), Data(L"born", FdoDataType_DateTime)});

@@ -35,8 +35,9 @@ class ClassReader {
       return true;
     }
     auto const report = [&](FdoString*) {
+      wchar_t const* const connectionString = connection_.GetConnectionString();
       ReportLine((std::wstring(L"Can't query db object: ") + described.GetName() + L", ConnStr: " +
-                  connection_.GetConnectionString())
+                  (connectionString == nullptr ? L"" : connectionString))
                      .c_str());
     };
     return AtBoundaryReporting(false, report, [&] {
@@ -45,7 +46,9 @@ class ClassReader {
       FdoPtr<FdoISelect> const select = MakeCommand<FdoISelect>(connection_, FdoCommandType_Select);
       select->SetFeatureClassName((std::wstring(schemaName) + L":" + described.GetName()).c_str());
       FdoPtr<FdoIFeatureReader> const reader = select->Execute();
+      if (reader == nullptr) throw FdoException::Create(L"The provider gives no reader of the class.");
       FdoPtr<FdoClassDefinition> const definition = reader->GetClassDefinition();
+      if (definition == nullptr) throw FdoException::Create(L"The reader has no class.");
       Convert(schemaName, *definition, selected);
       reader->Close();
       table = selected;
@@ -70,7 +73,7 @@ std::vector<CoordSys> ReadCoordSystems(FdoIConnection& connection) {
       MakeCommand<FdoIGetSpatialContexts>(connection, FdoCommandType_GetSpatialContexts);
   FdoPtr<FdoISpatialContextReader> const reader = command->Execute();
   std::vector<CoordSys> systems;
-  while (reader->ReadNext()) {
+  while (reader != nullptr && reader->ReadNext()) {
     systems.emplace_back(reader->GetName(), reader->GetCoordinateSystem(), reader->GetCoordinateSystemWkt());
   }
   return systems;

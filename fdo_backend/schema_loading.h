@@ -10,7 +10,7 @@
 
 namespace fdo::internal {
 
-// The spatial contexts, in the order in which the provider gives them.
+// The spatial contexts, in the order in which the provider gives them; none where it gives no reader of them.
 // Errors: throws FdoException*.
 std::vector<CoordSys> ReadCoordSystems(FdoIConnection& connection);
 
