@@ -19,19 +19,21 @@ std::vector<DiagnosticLog::Line> DiagnosticLog::Take() {
   return std::exchange(lines_, {});
 }
 
-void DiagnosticLog::Receive(wchar_t const* message, void* log) {
-  auto& self = *static_cast<DiagnosticLog*>(log);
-  std::string text = Utf8(message);
+void DiagnosticLog::Add(std::string text) {
   text.erase(text.find_last_not_of("\r\n") + 1);
-  std::lock_guard const hold(self.lock_);
-  if (auto const known = self.places_.find(text); known != self.places_.end()) {
-    ++self.lines_[known->second].times;
-  } else if (self.lines_.size() < kMostLines) {
-    self.places_.emplace(text, self.lines_.size());
-    self.lines_.push_back({std::move(text), 1});
+  std::lock_guard const hold(lock_);
+  if (auto const known = places_.find(text); known != places_.end()) {
+    ++lines_[known->second].times;
+  } else if (lines_.size() < kMostLines) {
+    places_.emplace(text, lines_.size());
+    lines_.push_back({std::move(text), 1});
   } else {
-    ++self.more_;
+    ++more_;
   }
+}
+
+void DiagnosticLog::Receive(wchar_t const* message, void* log) {
+  static_cast<DiagnosticLog*>(log)->Add(Utf8(message));
 }
 
 }  // namespace fdo::tool

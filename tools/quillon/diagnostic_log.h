@@ -31,6 +31,9 @@ class DiagnosticLog {
 
   static constexpr std::size_t kMostLines = 100;
 
+  // As the library does it.
+  void Add(std::string text);
+
  private:
   static void Receive(wchar_t const* message, void* log);
 

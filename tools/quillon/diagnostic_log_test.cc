@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "access/diagnostics.h"
+#include <string>
 
 namespace fdo::tool {
 namespace {
@@ -10,8 +10,8 @@ namespace {
 TEST(DiagnosticLog, ALineThatComesAgainIsKeptOnce) {
   DiagnosticLog log;
   for (int i = 0; i < 3; ++i) {
-    ReportLine("a");
-    if (i == 1) ReportLine("b\n");
+    log.Add("a");
+    if (i == 1) log.Add("b\n");
   }
   auto const lines = log.Take();
   ASSERT_EQ(lines.size(), 2u);
@@ -20,14 +20,14 @@ TEST(DiagnosticLog, ALineThatComesAgainIsKeptOnce) {
   EXPECT_EQ(lines[1].text, "b");
   EXPECT_EQ(lines[1].times, 1);
   EXPECT_TRUE(log.Take().empty());
-  ReportLine("a");
+  log.Add("a");
   EXPECT_EQ(log.Take().size(), 1u) << "what was taken is forgotten";
 }
 
 TEST(DiagnosticLog, OfManyLinesTheFirstAreKept) {
   DiagnosticLog log;
-  for (int i = 0; i < 250; ++i) ReportLine(std::to_string(i).c_str());
-  ReportLine("7");
+  for (int i = 0; i < 250; ++i) log.Add(std::to_string(i));
+  log.Add("7");
   auto const lines = log.Take();
   ASSERT_EQ(lines.size(), DiagnosticLog::kMostLines + 1);
   EXPECT_EQ(lines[7].times, 2);
