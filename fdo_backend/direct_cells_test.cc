@@ -10,6 +10,7 @@
 
 #include "testing/captured_diagnostics.h"
 #include "testing/fgf_builder.h"
+#include "testing/one_table_store.h"
 #include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
 
@@ -63,13 +64,8 @@ void FillRows(Table& parcels) {
 TEST(DirectCells, GiveWhatThePublishedOperationsGive) {
   CapturedDiagnostics lines;
   ScratchDirectory const scratch;
-  std::wstring const path = scratch.File("parcels.sqlite");
-  ASSERT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
   DatabaseFdo database;
-  ASSERT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, false, true));
-  DatabaseDef def;
-  SetTables(def, L"Land", {MakeTableDef(L"Land", L"parcels", kColumns)});
-  ASSERT_TRUE(database.SetSchema(def));
+  MakeOneTableStore(database, scratch.File("parcels.sqlite"), L"parcels", kColumns);
   FillRows(database[0]);
 
   FdoPtr<FdoIConnection> const connection = database.FdoConnection();

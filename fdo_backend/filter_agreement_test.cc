@@ -16,7 +16,7 @@
 #include "testing/captured_diagnostics.h"
 #include "testing/caught_message.h"
 #include "testing/filter_family.h"
-#include "testing/schema_builder.h"
+#include "testing/one_table_store.h"
 #include "testing/scratch_directory.h"
 
 namespace fdo {
@@ -40,12 +40,7 @@ class FilterAgreement : public testing::Test {
   struct Store {
     Store() {
       CapturedDiagnostics const ignored;  // that no registry names the provider
-      std::wstring const path = scratch.File("agreement.sqlite");
-      EXPECT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
-      EXPECT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, /*readOnly=*/false, /*loadSchema=*/true));
-      DatabaseDef def;
-      SetTables(def, L"Default", {MakeTableDef(L"Default", L"rows", kFamilyColumns)});
-      EXPECT_TRUE(database.SetSchema(def));
+      MakeOneTableStore(database, scratch.File("agreement.sqlite"), L"rows", kFamilyColumns);
       Fill();
       database[0].Query();
       while (Row const* row = database[0].Next()) {

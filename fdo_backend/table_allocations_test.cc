@@ -8,6 +8,7 @@
 #include "fdo_backend/recorded_table.h"
 #include "port/live_allocations.h"
 #include "testing/fgf_builder.h"
+#include "testing/one_table_store.h"
 #include "testing/scratch_directory.h"
 
 namespace fdo {
@@ -132,13 +133,8 @@ TEST_F(TableFdoAllocations, InsertsOfABatchReuseTheirValues) {
 TEST(TableFdoAllocationsOnSqlite, AScanAllocatesNothingForARow) {
   CapturedDiagnostics const lines;  // there is no registry of providers
   ScratchDirectory const scratch;
-  std::wstring const path = scratch.File("parcels.sqlite");
-  ASSERT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
   DatabaseFdo database;
-  ASSERT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, false, true));
-  DatabaseDef def;
-  SetTables(def, L"Land", {MakeTableDef(L"Land", L"parcels", kColumns)});
-  ASSERT_TRUE(database.SetSchema(def));
+  MakeOneTableStore(database, scratch.File("parcels.sqlite"), L"parcels", kColumns);
   Table& parcels = database[0];
   Row row(parcels.Def());
   std::vector<unsigned char> const point = Fgf("POINT (1 2)");

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "testing/captured_diagnostics.h"
-#include "testing/schema_builder.h"
+#include "testing/one_table_store.h"
 #include "testing/scratch_directory.h"
 
 namespace fdo {
@@ -37,12 +37,8 @@ void Together(int count, Body body) {
 // A new store with an empty table "town".
 std::wstring MakeStore(ScratchDirectory const& scratch, std::string const& name) {
   std::wstring const path = scratch.File(name);
-  EXPECT_TRUE(DatabaseFdo::Create(path.c_str(), nullptr));
   DatabaseFdo database;
-  EXPECT_TRUE(database.Connect(path.c_str(), nullptr, nullptr, false, true));
-  DatabaseDef def;
-  SetTables(def, L"Default", {MakeTableDef(L"Default", L"town", L"id:Int64 name:String")});
-  EXPECT_TRUE(database.SetSchema(def));
+  MakeOneTableStore(database, path, L"town", L"id:Int64 name:String");
   return path;
 }
 

@@ -9,6 +9,7 @@
 #include "port/process_memory.h"
 #include "testing/captured_diagnostics.h"
 #include "testing/memory_table.h"
+#include "testing/one_table_store.h"
 #include "testing/schema_builder.h"
 #include "testing/scratch_directory.h"
 
@@ -102,12 +103,8 @@ TEST_P(ScrollerTest, ASecondOneSharesTheConnectionAndReadsForItself) {
 class SqliteScrollerTest : public testing::Test {
  protected:
   SqliteScrollerTest() {
-    EXPECT_TRUE(DatabaseFdo::Create(path_.c_str(), nullptr));
     DatabaseFdo database;
-    EXPECT_TRUE(database.Connect(path_.c_str(), nullptr, nullptr, false, true));
-    DatabaseDef def;
-    SetTables(def, L"Default", {MakeTableDef(L"Default", L"town", L"id:Int64 name:String")});
-    EXPECT_TRUE(database.SetSchema(def));
+    MakeOneTableStore(database, path_, L"town", L"id:Int64 name:String");
     Row row(database[0].Def());
     for (__int64 const id : kIds) {
       row[L"id"] = id;
