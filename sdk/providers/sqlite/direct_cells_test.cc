@@ -6,77 +6,24 @@
 #include <iterator>
 #include <string>
 
+#include "sdk/providers/sqlite/cell_texts.h"
 #include "sdk/providers/sqlite/row_commands.h"
 
 namespace fdo_sqlite {
 namespace {
 
-// What the getter of that type gives, after the question for null, as text; failures as their messages.
-std::wstring ByGetter(FdoIFeatureReader& reader, FdoInt32 place, FdoInt32 type) {
-  try {
-    if (reader.IsNull(place)) return L"null";
-    switch (type) {
-      case FdoDataType_Boolean:
-        return reader.GetBoolean(place) ? L"true" : L"false";
-      case FdoDataType_Int16:
-        return std::to_wstring(reader.GetInt16(place));
-      case FdoDataType_Int32:
-        return std::to_wstring(reader.GetInt32(place));
-      case FdoDataType_Int64:
-        return std::to_wstring(reader.GetInt64(place));
-      case FdoDataType_Double:
-        return std::to_wstring(reader.GetDouble(place));
-      case FdoDataType_String:
-        return reader.GetString(place);
-      case FdoDataType_DateTime: {
-        FdoDateTime const moment = reader.GetDateTime(place);
-        return std::to_wstring(moment.year) + L" " + std::to_wstring(moment.hour);
-      }
-      case fdo_sdk::kDirectGeometry: {
-        FdoInt32 size = 0;
-        FdoByte const* const bytes = reader.GetGeometry(place, &size);
-        return std::to_wstring(size) + L" bytes from " + std::to_wstring(bytes[0]);
-      }
-      default:
-        return L"not asked for";
-    }
-  } catch (FdoException* raised) {
-    FdoPtr<FdoException> failure(raised);
-    return failure->GetExceptionMessage();
-  }
-}
-
-// The same in one call, where the reader has it; else as the getter.
+// In one call, where the reader has it; else as the getter.
 std::wstring Directly(FdoIFeatureReader& reader, FdoInt32 place, FdoInt32 type, int& direct) {
-  using fdo_sdk::DirectKind;
   fdo_sdk::DirectCell cell;
-  DirectKind kind = DirectKind::kNone;
+  fdo_sdk::DirectKind kind = fdo_sdk::DirectKind::kNone;
   try {
     kind = dynamic_cast<fdo_sdk::DirectCells&>(reader).ReadCell(place, type, cell);
   } catch (FdoException* raised) {
-    FdoPtr<FdoException> failure(raised);
+    FdoPtr<FdoException> const failure(raised);
     return failure->GetExceptionMessage();
   }
-  direct += kind == DirectKind::kNone ? 0 : 1;
-  switch (kind) {
-    case DirectKind::kNone:
-      break;
-    case DirectKind::kNull:
-      return L"null";
-    case DirectKind::kFlag:
-      return cell.flag ? L"true" : L"false";
-    case DirectKind::kInteger:
-      return std::to_wstring(cell.integer);
-    case DirectKind::kReal:
-      return std::to_wstring(cell.real);
-    case DirectKind::kText:
-      return cell.text;
-    case DirectKind::kMoment:
-      return std::to_wstring(cell.moment->year) + L" " + std::to_wstring(cell.moment->hour);
-    case DirectKind::kBytes:
-      return std::to_wstring(cell.size) + L" bytes from " + std::to_wstring(cell.bytes[0]);
-  }
-  return ByGetter(reader, place, type);
+  direct += kind == fdo_sdk::DirectKind::kNone ? 0 : 1;
+  return TextOf(kind, cell, reader, place, type);
 }
 
 TEST(DirectCells, AreWhatTheGettersGive) {

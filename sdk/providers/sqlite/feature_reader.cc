@@ -51,6 +51,8 @@ class FeatureReader : public ReaderBase<FdoIFeatureReader>, public fdo_sdk::Dire
   }
   FdoInt32 GetDepth() override { return 0; }
 
+  ResultCursor& Cursor() { return cursor_; }
+
   // Before the row of that id. Requires: the reader is of a generated id.
   void BeginAgain(std::int64_t id) {
     cursor_.BeginAgain(id);
@@ -103,6 +105,10 @@ FeatureShapePtr ShapeOf(StoreClassPtr storeClass, std::vector<int> places) {
 FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape) {
   return new fdo_provider::ReadsByName<FeatureReader>(connection, std::move(cursor), std::move(shape));
 }
+
+LentRow::LentRow(Connection* connection, FeatureShapePtr shape)
+    : reader_(MakeFeatureReader(connection, ResultCursor(shape->columns), shape)),
+      cursor_(static_cast<FeatureReader*>(reader_.p)->Cursor()) {}
 
 FdoIFeatureReader* IdentityReaders::Of(Connection* connection, std::int64_t id,
                                        FeatureShapePtr const& shape) {

@@ -33,6 +33,28 @@ ResultColumn ComputedColumn(std::wstring name, SqlValue const& value);
 // Gives: one reference. Requires: the cursor has the columns of the shape.
 FdoIFeatureReader* MakeFeatureReader(Connection* connection, ResultCursor&& cursor, FeatureShapePtr shape);
 
+// A reader of rows of one property, whose values are lent to it.
+class LentRow {
+ public:
+  // Requires: the shape has one column.
+  LentRow(Connection* connection, FeatureShapePtr shape);
+  // Somebody else may have the reader still, which then is closed.
+  ~LentRow() { cursor_.Close(); }
+  LentRow(LentRow const&) = delete;
+  LentRow& operator=(LentRow const&) = delete;
+
+  // On a row of that value: what DirectCells::ReadCell gives then.
+  fdo_sdk::DirectKind Read(sqlite3_value* value, FdoInt32 type, fdo_sdk::DirectCell& cell) {
+    cursor_.StandOn(value);
+    return cursor_.ReadDirectly(0, type, cell);
+  }
+  FdoIFeatureReader& Reader() const { return *reader_.p; }
+
+ private:
+  FdoPtr<FdoIFeatureReader> reader_;
+  ResultCursor& cursor_;  // of the reader
+};
+
 // Gives readers of one row, the identity of a feature that was just inserted. A program that inserts many
 // mostly has let go of a reader before the next is made, which then is the same object again.
 // Owns: a reference to the last reader.

@@ -76,6 +76,18 @@ class ResultCursor {
   ResultCursor(std::int64_t generatedId, ResultColumnsPtr columns)
       : columns_(std::move(columns)), generatedId_(generatedId), place_(Place::kBeforeRow) {}
 
+  // Rows that something else moves over. Requires: there is one column.
+  explicit ResultCursor(ResultColumnsPtr columns) : columns_(std::move(columns)), place_(Place::kBeforeEnd) {}
+
+  // On a row of that value. Requires: the cursor was made for such rows.
+  // Borrowed: the value, until the cursor stands on another or closes.
+  void StandOn(sqlite3_value* value) {
+    ++buffers_.row;
+    lentValue_ = value;
+    place_ = Place::kOnRow;
+    if (readyCells_ != 0) buffers_.cells[0].value = value;
+  }
+
   // Before the row of another generated id. Requires: the cursor was made for one.
   void BeginAgain(std::int64_t generatedId) {
     ++buffers_.row;
@@ -163,9 +175,9 @@ class ResultCursor {
   // FGF. Borrowed: until the cursor moves or closes. Errors: also for a geometry that cannot be read.
   GeometryBytes Geometry(FdoInt32 index);
 
-  // As DirectCells::ReadCell: values that need no conversion but that of text. Each kind of value is a
-  // function of its own, which this ends with, so that the way to one keeps nothing on the stack for the
-  // others.
+  // As DirectCells::ReadCell: values that need no conversion but that of text, and of whole numbers to reals.
+  // Each kind of value is a function of its own, which this ends with, so that the way to one keeps nothing
+  // on the stack for the others.
   fdo_sdk::DirectKind ReadDirectly(FdoInt32 index, FdoInt32 type, fdo_sdk::DirectCell& result) {
     // Without a row there are no cells.
     if (static_cast<std::uint32_t>(index) >= readyCells_ || IsCutOff())
@@ -191,6 +203,16 @@ class ResultCursor {
       default:
         return fdo_sdk::DirectKind::kNone;
     }
+  }
+
+  // The part of ReadDirectly for Double and Decimal.
+  static fdo_sdk::DirectKind DirectReal(sqlite3_value* value, fdo_sdk::DirectCell& result) {
+    int const stored = sqlite3_value_type(value);
+    if (stored != SQLITE_FLOAT && stored != SQLITE_INTEGER) {
+      return stored == SQLITE_NULL ? fdo_sdk::DirectKind::kNull : fdo_sdk::DirectKind::kNone;
+    }
+    result.real = sqlite3_value_double(value);
+    return fdo_sdk::DirectKind::kReal;
   }
 
  private:
@@ -229,7 +251,7 @@ class ResultCursor {
   void LocateValues();
   sqlite3_value* ValueAt(FdoInt32 index) const {
     if (statement_.IsPrepared()) return sqlite3_column_value(statement_.Handle(), index);
-    return keptRow_.empty() ? nullptr : keptRow_[static_cast<std::size_t>(index)].get();
+    return keptRow_.empty() ? lentValue_ : keptRow_[static_cast<std::size_t>(index)].get();
   }
 
   // Errors: for a position that there is not, and where the cursor stands on no row.
@@ -242,7 +264,6 @@ class ResultCursor {
 
   fdo_sdk::DirectKind LocateAndRead(FdoInt32 index, FdoInt32 type, fdo_sdk::DirectCell& result);
   static fdo_sdk::DirectKind DirectInteger(sqlite3_value* value, FdoInt32 type, fdo_sdk::DirectCell& result);
-  static fdo_sdk::DirectKind DirectReal(sqlite3_value* value, fdo_sdk::DirectCell& result);
   fdo_sdk::DirectKind DirectText(FdoInt32 index, sqlite3_value* value, fdo_sdk::DirectCell& result);
   fdo_sdk::DirectKind DirectMoment(sqlite3_value* value, fdo_sdk::DirectCell& result);
   fdo_sdk::DirectKind DirectGeometry(FdoInt32 index, Cell const& cell, fdo_sdk::DirectCell& result);
@@ -257,6 +278,7 @@ class ResultCursor {
   CursorSparesPtr spares_;
   Statement statement_;  // not prepared for a kept row, and after the end
   KeptRow keptRow_;
+  sqlite3_value* lentValue_ = nullptr;
   std::int64_t generatedId_ = 0;
   Place place_;
   bool preparedAnew_ = false;

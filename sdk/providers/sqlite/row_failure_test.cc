@@ -1,4 +1,5 @@
 // Commands on rows when SQLite fails.
+#include "sdk/extensions/column_visits.h"
 #include "sdk/providers/sqlite/failure_sweep.h"
 #include "sdk/providers/sqlite/row_commands.h"
 
@@ -102,6 +103,35 @@ TEST_F(RowFailure, SelectsGiveEveryRowOrThrow) {
     }
     return rows;
   });
+}
+
+// Appends what it is shown.
+class NameVisitor final : public fdo_sdk::ColumnVisitor {
+ public:
+  explicit NameVisitor(std::wstring& names) : names_(names) {}
+  void VisitCell(fdo_sdk::DirectKind kind, fdo_sdk::DirectCell const& cell,
+                 FdoIFeatureReader& reader) override {
+    names_ += kind == fdo_sdk::DirectKind::kText ? cell.text : reader.GetString(FdoInt32{0});
+  }
+
+ private:
+  std::wstring& names_;
+};
+
+TEST_F(RowFailure, VisitsShowEveryRowOrThrow) {
+  for (FdoString* const filter : {static_cast<FdoString*>(nullptr), L"Size > 1 OR Size NULL"}) {
+    SweepReading([this, filter] {
+      FdoPtr<Connection> connection = store_.Open();
+      FdoPtr<FdoISelect> select = MakeSelectOf(connection, L"Places", filter);
+      FdoPtr<FdoIdentifier> name = FdoIdentifier::Create(L"Name");
+      FdoPtr<FdoIdentifierCollection>(select->GetPropertyNames())->Add(name);
+      std::wstring names;
+      NameVisitor visitor(names);
+      auto& visits = dynamic_cast<fdo_sdk::ColumnVisits&>(*select);
+      EXPECT_TRUE(visits.VisitColumn(FdoDataType_String, visitor));
+      return fdo_sdk::Utf8FromWide(names);
+    });
+  }
 }
 
 TEST_F(RowFailure, SpatialConditionsAnswerOrThrow) {

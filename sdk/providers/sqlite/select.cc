@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "sdk/providers/sqlite/column_visits.h"
 #include "sdk/providers/sqlite/command_base.h"
 #include "sdk/providers/sqlite/commands.h"
 #include "sdk/providers/sqlite/data_version.h"
@@ -63,7 +64,7 @@ bool IntegerOf(FdoExpression& expression, std::int64_t& number) {
 
 // Both selects; they differ in what the ordering options are and in the readers.
 template <class Interface>
-class SelectOf : public SelectCommand<Interface> {
+class SelectOf : public SelectCommand<Interface>, public fdo_sdk::ColumnVisits {
  public:
   using Base = SelectCommand<Interface>;
 
@@ -91,6 +92,33 @@ class SelectOf : public SelectCommand<Interface> {
     repeated_ = nullptr;
     if (Learn(wanted, idName)) reader = ExecuteAgain(database, id);
     return reader != nullptr ? reader : ExecuteOnce(database);
+  }
+
+  // For one stored property of rows in no order. SQLite finds the rows of an aggregate as it finds those of a
+  // select of the same column, from the same tables under the same condition; not so where a view is put in
+  // its place.
+  bool VisitColumn(FdoInt32 type, fdo_sdk::ColumnVisitor& visitor) override {
+    if (this->ordering_->GetCount() > 0) return false;
+    Database& database = this->OpenedDatabase();
+    Database::ReadHold const hold(database);
+    StoreClassPtr const storeClass = this->Schema().Class(this->className_);
+    if (storeClass->readOnly) return false;
+    std::uint32_t const version = DataVersion(database);
+    SqlScope const scope = ScopeOf(*storeClass, this->parameters_);
+    SelectedProperties const selected(storeClass, *this->properties_, scope);
+    FeatureShapePtr const shape = selected.Shape();
+    bool const isOneProperty = shape->places.size() == 1 && shape->places[0] >= 0;
+    if (!isOneProperty || shape->columns->At(0).type != type) return false;
+    SqlFragment sql("SELECT ");
+    sql.Add(SqlFragment::Call(kVisitFunction, selected.Items()), 0);
+    sql.Add(SourceOf(this->filter_, scope, this->connection_.p->Indexes()), 0);
+    // A spatial index that was brought up to date may have let the hold go.
+    bool const isHeld = sqlite3_txn_state(database.Handle(), "main") != SQLITE_TXN_NONE;
+    if (!isHeld || DataVersion(database) != version) return false;
+    Statement statement = PrepareBound(database, sql, L"read");
+    LentRow row(this->connection_, shape);
+    VisitValues(statement, row, type, visitor);
+    return true;
   }
 
  private:

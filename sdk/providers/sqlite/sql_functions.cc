@@ -23,8 +23,8 @@ void ReportMessage(sqlite3_context* context, std::string const& message) {
 }  // namespace
 
 int RegisterSqlFunctions(sqlite3* database) {
-  for (auto const* functions :
-       {&NumberFunctions(), &TextFunctions(), &GeometryFunctions(), &AggregateFunctions()}) {
+  for (auto const* functions : {&NumberFunctions(), &TextFunctions(), &GeometryFunctions(),
+                                &AggregateFunctions(), &VisitFunctions()}) {
     for (SqlFunction const& function : *functions) {
       if (int const code = Register(database, function); code != SQLITE_OK) return code;
     }

@@ -23,6 +23,7 @@ std::vector<SqlFunction> const& NumberFunctions();
 std::vector<SqlFunction> const& TextFunctions();
 std::vector<SqlFunction> const& GeometryFunctions();
 std::vector<SqlFunction> const& AggregateFunctions();
+std::vector<SqlFunction> const& VisitFunctions();
 
 // Gives the functions to a connection of SQLite. What a file's own schema names does not reach them.
 // Gives: SQLite's result code.
