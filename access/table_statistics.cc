@@ -9,6 +9,7 @@
 #include <limits>
 #include <vector>
 
+#include "access/cell_visitor.h"
 #include "access/distinct_values.h"
 
 namespace fdo {
@@ -28,6 +29,16 @@ void WithOneColumn(Table& table, int column, Body body) {
   table.SetDesiredFields(kAllColumns, 0);
 }
 
+template <class Function>
+class CallingVisitor final : public internal::CellVisitor {
+ public:
+  explicit CallingVisitor(Function& function) : function_(function) {}
+  void Visit(Value const& cell) override { function_(cell); }
+
+ private:
+  Function& function_;
+};
+
 // The value that a full sort would put at that position, numbers first, then those that are none.
 // Requires: position < values.size(); rearranges the values.
 double SelectNth(std::vector<double>& values, std::size_t position) {
@@ -45,11 +56,14 @@ template <class Visit>
 void Table::ScanColumn(wchar_t const* column, FdoFilter* filter, Visit visit) {
   int const position = def_->IndexOf(column);
   if (position < 0) return;
+  CallingVisitor<Visit> visitor(visit);
   WithOneColumn(*this, position, [&] {
-    Query(filter, nullptr, true);
+    QueryColumn(position, filter, visitor);
     while (Row const* row = Next()) visit((*row)[position]);
   });
 }
+
+void Table::QueryColumn(int, FdoFilter* filter, internal::CellVisitor&) { Query(filter, nullptr, true); }
 
 void Table::GetExtent(double* const box, FdoFilter* filter) {
   double extent[] = {DBL_MAX, DBL_MAX, -DBL_MAX, -DBL_MAX};

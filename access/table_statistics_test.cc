@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "access/cell_visitor.h"
 #include "testing/caught_message.h"
 #include "testing/fgf_builder.h"
 #include "testing/memory_table.h"
@@ -104,6 +105,55 @@ TEST(TableStatistics, FetchOneColumnOnceARowAndDoNotEndTheQuery) {
     statistic.run(table, L"value");
     EXPECT_EQ(kScan, table.Calls());
     EXPECT_EQ(3, table.FetchCount());
+  }
+}
+
+// A back end that has the first records at hand, and the rest by a query.
+struct HalfShownTable : ThingTable {
+  using ThingTable::ThingTable;
+
+  std::size_t shown = 0;
+  bool fails = false;
+
+ protected:
+  void QueryColumn(int column, FdoFilter* filter, internal::CellVisitor& visitor) override {
+    for (std::size_t i = 0; i < shown; ++i) visitor.Visit(records[i][static_cast<std::size_t>(column)]);
+    if (fails) throw std::runtime_error("enough");
+    records.erase(records.begin(), records.begin() + static_cast<std::ptrdiff_t>(shown));
+    ThingTable::QueryColumn(column, filter, visitor);
+  }
+};
+
+TEST(TableStatistics, TakeWhatABackEndShowsBeforeWhatItsQueryGives) {
+  for (std::size_t const shown : {0u, 1u, 3u, 5u}) {
+    std::vector<Value> const values{Value(7), Value(), Value(3.5), Value(9), Value(-1)};
+    auto const table = [&] {
+      HalfShownTable made(values);
+      made.shown = shown;
+      return made;
+    };
+    Value min, max, median;
+    table().GetMinMax(min, max, L"value", nullptr);
+    ExpectInteger(-1, min);
+    ExpectInteger(9, max);
+    double variance, mean;
+    table().GetStats(variance, mean, L"value", nullptr);
+    EXPECT_DOUBLE_EQ(4.625, mean);
+    table().GetMedian(median, L"value", nullptr);
+    ExpectDouble(5.25, median);
+    std::set<Value> distinct;
+    table().GetDistinctValues(distinct, L"value", true, nullptr);
+    EXPECT_EQ(5u, distinct.size());
+  }
+}
+
+TEST(TableStatistics, LiftTheRestrictionWhenShowingFails) {
+  for (NamedStatistic const& statistic : kColumnStatistics) {
+    HalfShownTable table({Value(1)});
+    table.shown = 1;
+    table.fails = true;
+    EXPECT_THROW(statistic.run(table, L"value"), std::runtime_error) << statistic.name;
+    EXPECT_EQ((Calls{"SetDesiredFields 1", "SetDesiredFields all"}), table.Calls());
   }
 }
 

@@ -76,15 +76,18 @@ QUILLON_ALWAYS_INLINE void ReadCell(FdoIFeatureReader& reader, Key property, Col
   cell.Invalidate();  // a type without a getter
 }
 
-// The same through a reader that offers it, by position.
-// Errors: false where ReadCell is to be used; what the reader throws.
-QUILLON_ALWAYS_INLINE bool ReadCellDirectly(fdo_sdk::DirectCells& reader, FdoInt32 position,
-                                            ColumnDef::DataType type, DateTexts& dateTexts, int column,
-                                            Value& cell) {
+// As DirectCells takes it.
+constexpr FdoInt32 DirectType(ColumnDef::DataType type) {
   static_assert(static_cast<FdoInt32>(ColumnDef::kGeometry) == fdo_sdk::kDirectGeometry);
+  return static_cast<FdoInt32>(type);
+}
+
+// The cell of what a reader has given in one call.
+// Errors: false where ReadCell is to be used.
+QUILLON_ALWAYS_INLINE bool TakeDirectCell(fdo_sdk::DirectKind kind, fdo_sdk::DirectCell const& read,
+                                          DateTexts& dateTexts, int column, Value& cell) {
   using fdo_sdk::DirectKind;
-  fdo_sdk::DirectCell read;
-  switch (reader.ReadCell(position, static_cast<FdoInt32>(type), read)) {
+  switch (kind) {
     case DirectKind::kNone:
       return false;
     case DirectKind::kNull:
@@ -110,6 +113,16 @@ QUILLON_ALWAYS_INLINE bool ReadCellDirectly(fdo_sdk::DirectCells& reader, FdoInt
       break;
   }
   return true;
+}
+
+// As ReadCell, through a reader that offers it, by position.
+// Errors: false where ReadCell is to be used; what the reader throws.
+QUILLON_ALWAYS_INLINE bool ReadCellDirectly(fdo_sdk::DirectCells& reader, FdoInt32 position,
+                                            ColumnDef::DataType type, DateTexts& dateTexts, int column,
+                                            Value& cell) {
+  fdo_sdk::DirectCell read;
+  fdo_sdk::DirectKind const kind = reader.ReadCell(position, DirectType(type), read);
+  return TakeDirectCell(kind, read, dateTexts, column, cell);
 }
 
 }  // namespace fdo::internal

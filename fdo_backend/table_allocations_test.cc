@@ -129,8 +129,8 @@ TEST_F(TableFdoAllocations, InsertsOfABatchReuseTheirValues) {
   }
 }
 
-// With its provider, from the first row to the last.
-TEST(TableFdoAllocationsOnSqlite, AScanAllocatesNothingForARow) {
+// With its provider, from the first row to the last; the figures of each column, too.
+TEST(TableFdoAllocationsOnSqlite, ScansAndStatisticsAllocateNothingForARow) {
   CapturedDiagnostics const lines;  // there is no registry of providers
   ScratchDirectory const scratch;
   DatabaseFdo database;
@@ -141,6 +141,7 @@ TEST(TableFdoAllocationsOnSqlite, AScanAllocatesNothingForARow) {
   row[L"name"].Reset(L"a name too long for a small string", /*copy=*/true);
   row[L"shape"].Reset(point.data(), static_cast<int>(point.size()), /*copy=*/true);
   long long ofScan[2] = {};
+  long long ofFigures[2] = {};
   for (int i = 0; i < 2; ++i) {
     int const rows[] = {10, 1000};
     parcels.BeginWrite();
@@ -158,12 +159,22 @@ TEST(TableFdoAllocationsOnSqlite, AScanAllocatesNothingForARow) {
         for (int column = 0; column < kColumnCount; ++column) read += (*current)[column].IsValid() ? 1 : 0;
       }
     };
+    auto const calculate = [&] {
+      for (int column = 0; column < kColumnCount; ++column) {
+        double variance = 0;
+        double mean = 0;
+        parcels.GetStats(variance, mean, (*parcels.Def())[column].Name(), nullptr);
+      }
+    };
     scan();  // what is made once is made now
+    calculate();
     read = 0;
     ofScan[i] = AllocationsOf(scan);
     EXPECT_GE(read, rows[i] * kColumnCount);
+    ofFigures[i] = AllocationsOf(calculate);
   }
   EXPECT_EQ(ofScan[0], ofScan[1]);
+  EXPECT_EQ(ofFigures[0], ofFigures[1]);
 }
 
 }  // namespace

@@ -7,7 +7,10 @@
 
 #include "access/boundary.h"
 #include "fdo_backend/query_filters.h"
+#include "fdo_backend/reader_cell.h"
 #include "fdo_backend/table_command.h"
+#include "fdo_backend/visited_column.h"
+#include "sdk/extensions/column_visits.h"
 #include "sdk/extensions/direct_cells.h"
 
 namespace fdo {
@@ -103,6 +106,21 @@ void TableFdo::Query(FdoFilter* filter, wchar_t const* orderBy, bool ascending) 
     }
     Execute(filter);
   });
+}
+
+void TableFdo::QueryColumn(int column, FdoFilter* filter, internal::CellVisitor& visitor) {
+  AtBoundary([&] {
+    InitSelect();
+    if (!VisitColumn(column, filter, visitor)) Execute(filter);
+  });
+}
+
+bool TableFdo::VisitColumn(int column, FdoFilter* filter, internal::CellVisitor& visitor) {
+  auto* const visits = accessByName_ ? nullptr : dynamic_cast<fdo_sdk::ColumnVisits*>(select_.p);
+  if (visits == nullptr) return false;
+  if (filter != nullptr) select_->SetFilter(filter);
+  internal::VisitedColumn visited(*this, column, visitor);
+  return visits->VisitColumn(internal::DirectType((*def_)[column].Type()), visited);
 }
 
 FdoPtr<FdoFilter> TableFdo::GetIdFilter(__int64 id) const {

@@ -12,6 +12,10 @@ class FdoFilter;
 
 namespace fdo {
 
+namespace internal {
+class CellVisitor;
+}
+
 // A Table is a cursor over one table of a Database: it runs one query at a time and shows the current
 // record as a bound Row.
 //
@@ -117,6 +121,11 @@ class QUILLON_EXPORT Table {
 
   // Stores the current record's value of that column into the cell.
   virtual void FetchCurrentValue(Value& cell, int column) const = 0;
+
+  // Starts the query of a statistic of that column, to which fetching is restricted: Query(filter, nullptr,
+  // true). A back end may show the visitor the cells of the first records, or of all, in a faster way, and
+  // leave the rest to Next.
+  virtual void QueryColumn(int column, FdoFilter* filter, internal::CellVisitor& visitor);
 
   TableDef const* def_ = nullptr;  // not owned
 

@@ -26,6 +26,7 @@ namespace fdo {
 namespace internal {
 class DateTexts;
 class InsertValues;
+class VisitedColumn;
 }  // namespace internal
 
 // One feature class behind an FDO connection. Commands are made when they are first needed and kept.
@@ -117,12 +118,19 @@ class QUILLON_EXPORT TableFdo : public Table {
   // Errors: a diagnostic line; the cell is undefined.
   void FetchCurrentValue(Value& cell, int column) const override;
   void ConvertValue(Value& cell, int column) const;
+  // Through a provider that shows rows without being asked for each, all of them here.
+  void QueryColumn(int column, FdoFilter* filter, internal::CellVisitor& visitor) override;
 
  private:
+  friend class internal::VisitedColumn;
+
   // Readies the select command for a query of its own, with no filter.
   void InitSelect();
   void SelectProperties();
   void Execute(FdoFilter* filter);
+  // Of the select that has been made ready. Errors: false, with no cell shown, where the provider has no such
+  // way.
+  bool VisitColumn(int column, FdoFilter* filter, internal::CellVisitor& visitor);
   // As ConvertValue, by the published operations of the reader.
   void ConvertPublished(Value& cell, int column) const;
   // Of the column in the rows of the running query; below 0 where it was not asked for.
