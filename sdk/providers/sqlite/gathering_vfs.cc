@@ -12,8 +12,9 @@ namespace {
 // SQLite's own file systems take no more than 128 KiB at a time, less one byte. More would gain little.
 constexpr int kMostGathered = 120 * 1024;
 
-// The file that SQLite sees, with the platform's own behind it.
-struct alignas(std::max_align_t) GatheringFile {
+// The file that SQLite sees, with the platform's own behind it. SQLite makes room for both at a multiple
+// of 8.
+struct alignas(std::int64_t) GatheringFile {
   sqlite3_file base;
   bool isExclusive;      // nobody else has any lock
   int size;              // of what is kept
