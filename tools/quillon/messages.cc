@@ -28,25 +28,30 @@ std::string DidYouMean(std::string const& suggestion, std::string const& kind,
   return fmt::format("its {} are {}", kind, ListNames(names));
 }
 
-// What stands in front of the caret, with tabs kept, so that it ends up under the right character.
-std::string BlankUpTo(std::string const& text, int position) {
-  std::string blank;
-  std::size_t at = 0;
-  for (int i = 0; i < position && at < text.size(); ++i) {
+// The part of a text around the character at position, on one line, and a caret under that character.
+std::string Excerpt(std::string const& text, int position) {
+  constexpr int kBefore = 60, kBehind = 40;
+  constexpr char kCut[] = "\xe2\x80\xa6";
+  std::string shown;
+  int column = 0;  // of the caret
+  int number = 0;
+  for (std::size_t at = 0; at < text.size(); ++number) {
     char32_t const character = NextCharacter(text, at);
-    if (character == '\t') {
-      blank += '\t';
-    } else {
-      blank.append(static_cast<std::size_t>(DisplayWidth(character)), ' ');
-    }
+    bool const isCutOff = number == position - kBefore && number > 0;
+    if (number == position + kBehind)
+      return shown + kCut + "\n  " + std::string(static_cast<std::size_t>(column), ' ') + '^';
+    if (number < position - kBefore) continue;
+    if (isCutOff) shown += kCut;
+    AppendUtf8(shown, IsControl(character) ? U' ' : character);
+    if (number < position) column += DisplayWidth(character) + (isCutOff ? 1 : 0);
   }
-  return blank;
+  return shown + "\n  " + std::string(static_cast<std::size_t>(column), ' ') + '^';
 }
 
 Failure DoesNotParse(char const* what, std::string const& text, std::string const& detail,
                      std::optional<int> position) {
-  std::string message = fmt::format("the {} does not parse: {}\n  {}", what, detail, text);
-  if (position) message += fmt::format("\n  {}^", BlankUpTo(text, *position));
+  std::string message = fmt::format("the {} does not parse: {}", what, detail);
+  message += "\n  " + (position ? Excerpt(text, *position) : text);
   return {ExitCode::kUsage, std::move(message)};
 }
 

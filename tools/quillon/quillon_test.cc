@@ -315,6 +315,17 @@ TEST_F(Quillon, AFilterThatDoesNotParseShowsThePlace) {
   EXPECT_THAT(result.err, HasSubstr("\n  pop > > 1\n        ^\n"));
 }
 
+TEST_F(Quillon, OfALongFilterThePlaceAloneIsShown) {
+  std::string filter;
+  for (int i = 0; i < 30; ++i) filter += "name_long <> '\u00fc'\nAND\t";
+  auto const result = RunQuillon({"query", Data("world.gpkg"), "--where", filter + ")" + filter});
+  ExpectFailure(result, 2, "the filter does not parse: Character 631:");
+  EXPECT_THAT(result.err,
+              HasSubstr("\n  \u2026e_long <> '\u00fc' AND name_long <> '\u00fc' AND name_long <> '\u00fc' "
+                        "AND )name_long <> '\u00fc' AND name_long <> '\u00fc' A\u2026\n  " +
+                        std::string(61, ' ') + "^\n"));
+}
+
 TEST_F(Quillon, ABoxMustBeFourNumbers) {
   for (char const* const box : {"1,2,3", "1,2,3,4,5", "a,b,c,d", "3,0,1,1", "1,2,3,nan", "1 2 3 4", ""}) {
     ExpectFailure(RunQuillon({"query", Data("world.gpkg"), std::string("--bbox=") + box}), 2, "bbox");
