@@ -28,10 +28,17 @@ std::vector<FileFamily> const& FileFamilies() {
       {".tab", {".map", ".dat", ".id", ".ind"}},
       {".mif", {".mid"}},
       {".csv", {".csvt", ".prj"}},
-      {".gpkg", {".gpkg-wal", ".gpkg-shm", ".gpkg-journal"}},
-      {".sqlite", {".sqlite-wal", ".sqlite-shm", ".sqlite-journal"}},
   };
   return families;
+}
+
+// What SQLite leaves beside a file that was not closed, whatever that is called. It would be played back into
+// a new file of that name.
+std::vector<fs::path> JournalsOf(fs::path const& target) {
+  std::vector<fs::path> journals;
+  for (char const* const ending : {"-wal", "-shm", "-journal"})
+    journals.push_back(fs::path(target) += ending);
+  return journals;
 }
 
 // Renames, and undoes what has been renamed unless it is told that all went well.
@@ -81,8 +88,12 @@ void StagedTarget::RefuseWhatStands() const {
   fs::file_status const present = fs::status(target_, ignored);
   if (fs::exists(present) && !fs::is_regular_file(present))
     throw TargetIsNoFile(Name(), fs::is_directory(present));
-  if (overwrite_ == Overwrite::kRefuse && fs::exists(fs::symlink_status(target_, ignored)))
-    throw TargetExists(Name());
+  if (overwrite_ != Overwrite::kRefuse) return;
+  auto paths = JournalsOf(target_);
+  paths.insert(paths.begin(), target_);
+  for (fs::path const& path : paths) {
+    if (fs::exists(fs::symlink_status(path, ignored))) throw TargetExists(Utf8Of(path));
+  }
 }
 
 StagedTarget::~StagedTarget() {
@@ -130,6 +141,7 @@ std::vector<fs::path> StagedTarget::Outdated(std::vector<Move> const& moves) con
   };
   for (auto const& move : moves) add(move.to);
   if (overwrite_ == Overwrite::kRefuse) return outdated;
+  for (fs::path const& journal : JournalsOf(target_)) add(journal);
   for (FileFamily const& family : FileFamilies()) {
     if (target_.extension() != family.extension) continue;
     for (char const* extension : family.others) add(fs::path(target_).replace_extension(extension));

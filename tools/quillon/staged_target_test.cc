@@ -61,6 +61,19 @@ TEST_F(StagedTargetTest, AFamilyOfFilesIsReplacedWhole) {
   EXPECT_EQ(Count(), 2) << "the index of the old data is gone";
 }
 
+TEST_F(StagedTargetTest, AJournalOfTheOldDataNeverMeetsTheNew) {
+  Write(At("a.db-journal"), "old");
+  EXPECT_THROW(StagedTarget(At("a.db"), Overwrite::kRefuse), Failure);
+  EXPECT_EQ(Read("a.db-journal"), "old");
+  {
+    StagedTarget target(At("a.db"), Overwrite::kReplace);
+    Write(Utf8(target.Path()), "new");
+    target.Commit();
+  }
+  EXPECT_EQ(Read("a.db"), "new");
+  EXPECT_EQ(Count(), 1);
+}
+
 TEST_F(StagedTargetTest, AFolderCanBeATarget) {
   StagedTarget target(At("a.gdb"), Overwrite::kRefuse);
   fs::create_directory(PathOf(Utf8(target.Path())));
