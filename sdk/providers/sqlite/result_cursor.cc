@@ -175,6 +175,13 @@ DirectKind ResultCursor::DirectInteger(sqlite3_value* value, FdoInt32 type, Dire
   return DirectKind::kInteger;
 }
 
+DirectKind ResultCursor::DirectReal(sqlite3_value* value, DirectCell& result) {
+  int const stored = sqlite3_value_type(value);
+  if (stored != SQLITE_FLOAT && stored != SQLITE_INTEGER) return NullOrNone(stored);
+  result.real = sqlite3_value_double(value);
+  return DirectKind::kReal;
+}
+
 DirectKind ResultCursor::DirectText(FdoInt32 index, sqlite3_value* value, DirectCell& result) {
   int const stored = sqlite3_value_type(value);
   if (stored != SQLITE_TEXT) return NullOrNone(stored);

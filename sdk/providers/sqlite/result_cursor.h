@@ -205,16 +205,6 @@ class ResultCursor {
     }
   }
 
-  // The part of ReadDirectly for Double and Decimal.
-  static fdo_sdk::DirectKind DirectReal(sqlite3_value* value, fdo_sdk::DirectCell& result) {
-    int const stored = sqlite3_value_type(value);
-    if (stored != SQLITE_FLOAT && stored != SQLITE_INTEGER) {
-      return stored == SQLITE_NULL ? fdo_sdk::DirectKind::kNull : fdo_sdk::DirectKind::kNone;
-    }
-    result.real = sqlite3_value_double(value);
-    return fdo_sdk::DirectKind::kReal;
-  }
-
  private:
   enum class Place { kBeforeRow, kBeforeEnd, kOnRow, kAfterEnd, kClosed };
 
@@ -264,6 +254,7 @@ class ResultCursor {
 
   fdo_sdk::DirectKind LocateAndRead(FdoInt32 index, FdoInt32 type, fdo_sdk::DirectCell& result);
   static fdo_sdk::DirectKind DirectInteger(sqlite3_value* value, FdoInt32 type, fdo_sdk::DirectCell& result);
+  static fdo_sdk::DirectKind DirectReal(sqlite3_value* value, fdo_sdk::DirectCell& result);
   fdo_sdk::DirectKind DirectText(FdoInt32 index, sqlite3_value* value, fdo_sdk::DirectCell& result);
   fdo_sdk::DirectKind DirectMoment(sqlite3_value* value, fdo_sdk::DirectCell& result);
   fdo_sdk::DirectKind DirectGeometry(FdoInt32 index, Cell const& cell, fdo_sdk::DirectCell& result);
