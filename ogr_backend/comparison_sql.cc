@@ -65,7 +65,8 @@ void ReadBeside(SqlOperand const& other, SqlOperand& operand, FilterLanguage lan
 // Whether the two compare as doubles as they do exactly.
 bool ComparesAsDouble(SqlOperand const& whole, SqlOperand const& real) {
   constexpr auto kExact = static_cast<double>(kExactIntegers);
-  return whole.bound <= kExact || (real.literal && real.bound < kExact);
+  // The bound of 2^53 + 1 is 2^53.
+  return whole.bound < kExact || (real.literal && real.bound < kExact);
 }
 
 SqlCondition NumbersSql(SqlOperand const& left, FdoComparisonOperations operation, SqlOperand const& right,

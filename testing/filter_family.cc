@@ -93,14 +93,21 @@ std::wstring FilterFamily::Number(int levels) {
   wchar_t const* const integerColumns[] = {L"i", L"big", id_};
   constexpr wchar_t const* kReals[] = {L"2.5", L"0.1", L"1e18"};
   constexpr wchar_t const* kSigns[] = {L" + ", L" - "};
-  constexpr wchar_t const* kFunctions[] = {L"Abs", L"Floor", L"Ceil", L"Round", L"Sign", L"ToDouble"};
+  constexpr wchar_t const* kFunctions[] = {L"Abs",      L"Floor", L"Ceil", L"Round", L"Sign",
+                                           L"ToDouble", L"Sqrt",  L"Ln",   L"Log",   L"Atan"};
+  constexpr wchar_t const* kOfTwo[] = {L"Power", L"Remainder", L"Atan2", L"Round", L"Trunc"};
+  constexpr wchar_t const* kSecond[] = {L", 2)", L", -1)", L", 0)", L", i)"};
   if (levels == 0 || Below(3) == 0) {
     if (Below(3) > 0) return Any(columns);
     return Below(4) == 0 ? Any(kReals) : Integer();
   }
-  switch (Below(5)) {
+  switch (Below(7)) {
     case 2:
       return std::wstring(Any(kFunctions)) + L"(" + Number(levels - 1) + L")";
+    case 4:
+      return std::wstring(Any(kOfTwo)) + L"(" + Number(levels - 1) + Any(kSecond);
+    case 5:
+      return L"Lookup(i, " + Integer() + L", 1, " + Number(levels - 1) + L", 3, 2.5)";
     case 0:
       return L"Mod(i, " + Integer() + L")";
     case 1:
