@@ -8,6 +8,8 @@
 
 #include <vector>
 
+#include "sdk/extensions/direct_insert.h"
+
 namespace fdo::internal {
 
 // Each column's property holds an empty value of the column's type, which is filled and emptied in
@@ -26,6 +28,12 @@ class InsertValues {
   // leaveOutId: the identity, where the row has one, becomes null.
   void FillFrom(Row const& row, bool leaveOutId);
   void SetAllNull();
+  // Whether each value is null: nothing was filled in since they were made or set to null.
+  bool AreNull() const { return areNull_; }
+
+  // What FillFrom would make of the values when they are null, in the places of the properties; the values
+  // stay null. Borrowed: until the next call, and while the row keeps its cells.
+  fdo_sdk::DirectValue const* DirectlyFrom(Row const& row, bool leaveOutId);
 
   // Borrowed: while this lives.
   FdoPropertyValue* PropertyAt(int column) const { return slots_[static_cast<std::size_t>(column)].property; }
@@ -36,6 +44,8 @@ class InsertValues {
     FdoValueExpression* (*make)();
     // spare: the bytes of an earlier row, which serve again where nobody else holds them.
     void (*set)(FdoValueExpression& value, Value const& cell, FdoPtr<FdoByteArray>& spare);
+    // The same without the value. moment: room for a date-time.
+    fdo_sdk::DirectKind (*take)(Value const& cell, fdo_sdk::DirectCell& taken, FdoDateTime& moment);
     void (*setNull)(FdoValueExpression& value);
   };
 
@@ -45,9 +55,12 @@ class InsertValues {
     FdoPtr<FdoValueExpression> value;  // of the property; null together with the type
     ValueType const* type;
     FdoPtr<FdoByteArray> spare;
+    FdoDateTime moment;  // of the row that is inserted directly
   };
 
-  std::vector<Slot> slots_;  // one for each column
+  std::vector<Slot> slots_;                   // one for each column
+  std::vector<fdo_sdk::DirectValue> direct_;  // of the last row that was inserted directly
+  bool areNull_ = true;
   int idIndex_;
 };
 

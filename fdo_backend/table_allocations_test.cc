@@ -1,4 +1,4 @@
-// Reading allocates nothing for a row or a cell beyond what the provider does.
+// Reading and inserting allocate nothing for a row or a cell beyond what the provider does.
 #include <fdo/database_fdo.h>
 #include <gtest/gtest.h>
 
@@ -130,32 +130,45 @@ TEST_F(TableFdoAllocations, InsertsOfABatchReuseTheirValues) {
 }
 
 // With its provider, from the first row to the last; the figures of each column, too.
-TEST(TableFdoAllocationsOnSqlite, ScansAndStatisticsAllocateNothingForARow) {
-  CapturedDiagnostics const lines;  // there is no registry of providers
-  ScratchDirectory const scratch;
-  DatabaseFdo database;
-  MakeOneTableStore(database, scratch.File("parcels.sqlite"), L"parcels", kColumns);
-  Table& parcels = database[0];
-  Row row(parcels.Def());
-  std::vector<unsigned char> const point = Fgf("POINT (1 2)");
-  row[L"name"].Reset(L"a name too long for a small string", /*copy=*/true);
-  row[L"shape"].Reset(point.data(), static_cast<int>(point.size()), /*copy=*/true);
+class TableFdoAllocationsOnSqlite : public testing::Test {
+ protected:
+  void SetUp() override {
+    MakeOneTableStore(database_, scratch_.File("parcels.sqlite"), L"parcels", kColumns);
+  }
+  Table& Parcels() { return database_[0]; }
+
+  void Insert(Row& row, int n) {
+    row[L"n"].Reset(n);
+    row[L"x"].Reset(0.5 * n);
+    row[L"flag"].Reset(n % 2 == 0);
+    row[L"name"].Reset(L"a name too long for a small string", /*copy=*/false);
+    row[L"shape"].Reset(point_.data(), static_cast<int>(point_.size()), /*copy=*/false);
+    ASSERT_TRUE(Parcels().Insert(row, nullptr, /*storeMakesId=*/true));
+  }
+  void Fill(int rows) {
+    Row row(Parcels().Def());
+    Parcels().BeginWrite();
+    for (int n = 0; n < rows; ++n) Insert(row, n);
+    Parcels().CommitWrite();
+  }
+
+ private:
+  CapturedDiagnostics const lines_;  // there is no registry of providers
+  ScratchDirectory const scratch_;
+  DatabaseFdo database_;
+  std::vector<unsigned char> const point_ = Fgf("POINT (1 2)");
+};
+
+TEST_F(TableFdoAllocationsOnSqlite, ScansAndStatisticsAllocateNothingForARow) {
   long long ofScan[2] = {};
   long long ofFigures[2] = {};
   for (int i = 0; i < 2; ++i) {
     int const rows[] = {10, 1000};
-    parcels.BeginWrite();
-    for (int n = 0; n < rows[i]; ++n) {
-      row[L"n"].Reset(n);
-      row[L"x"].Reset(0.5 * n);
-      row[L"flag"].Reset(n % 2 == 0);
-      ASSERT_TRUE(parcels.Insert(row, nullptr, /*storeMakesId=*/true));
-    }
-    parcels.CommitWrite();
+    Fill(rows[i]);
     int read = 0;
     auto const scan = [&] {
-      parcels.Query();
-      while (Row const* const current = parcels.Next()) {
+      Parcels().Query();
+      while (Row const* const current = Parcels().Next()) {
         for (int column = 0; column < kColumnCount; ++column) read += (*current)[column].IsValid() ? 1 : 0;
       }
     };
@@ -163,7 +176,7 @@ TEST(TableFdoAllocationsOnSqlite, ScansAndStatisticsAllocateNothingForARow) {
       for (int column = 0; column < kColumnCount; ++column) {
         double variance = 0;
         double mean = 0;
-        parcels.GetStats(variance, mean, (*parcels.Def())[column].Name(), nullptr);
+        Parcels().GetStats(variance, mean, (*Parcels().Def())[column].Name(), nullptr);
       }
     };
     scan();  // what is made once is made now
@@ -175,6 +188,17 @@ TEST(TableFdoAllocationsOnSqlite, ScansAndStatisticsAllocateNothingForARow) {
   }
   EXPECT_EQ(ofScan[0], ofScan[1]);
   EXPECT_EQ(ofFigures[0], ofFigures[1]);
+}
+
+TEST_F(TableFdoAllocationsOnSqlite, AnInsertOfABatchAllocatesNothing) {
+  Row row(Parcels().Def());
+  Parcels().BeginWrite();
+  Insert(row, 0);  // makes what serves those behind it
+  EXPECT_EQ(AllocationsOf([&] {
+              for (int n = 1; n < 1000; ++n) Insert(row, n);
+            }),
+            0);
+  Parcels().CommitWrite();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "access/boundary.h"
 #include "fdo_backend/insert_values.h"
 #include "fdo_backend/table_command.h"
+#include "sdk/extensions/direct_insert.h"
 
 namespace fdo {
 namespace {
@@ -34,13 +35,27 @@ void TableFdo::PrepareInsert() {
   FdoPtr<FdoPropertyValueCollection> const properties = insert->GetPropertyValues();
   insertValues_ = std::make_unique<internal::InsertValues>(*def_, *properties);
   insert_ = insert;
+  directInsert_ = dynamic_cast<fdo_sdk::DirectInsert*>(insert_.p);
 }
 
 bool TableFdo::Insert(Row const& row, __int64* newId, bool storeMakesId) {
   PrepareInsert();
-  insertValues_->FillFrom(row, storeMakesId);
+  // What an update has left in the values is to be inserted, too.
+  fdo_sdk::DirectValue const* direct = nullptr;
+  if (directInsert_ != nullptr && insertValues_->AreNull()) {
+    direct = insertValues_->DirectlyFrom(row, storeMakesId);
+  } else {
+    insertValues_->FillFrom(row, storeMakesId);
+  }
   bool const inserted = AtBoundary(false, [&] {
-    FdoPtr<FdoIFeatureReader> const reader = insert_->Execute();
+    FdoPtr<FdoIFeatureReader> reader;
+    FdoIFeatureReader** const wanted = newId == nullptr ? nullptr : &reader.p;
+    if (direct != nullptr && !directInsert_->ExecuteWith(direct, wanted)) {
+      directInsert_ = nullptr;
+      direct = nullptr;
+      insertValues_->FillFrom(row, storeMakesId);
+    }
+    if (direct == nullptr) reader = insert_->Execute();
     if (newId != nullptr) *newId = reader == nullptr ? 0 : InsertedId(*reader, *def_);
     return true;
   });

@@ -19,7 +19,8 @@ class FdoIUpdate;
 
 namespace fdo_sdk {
 class DirectCells;
-}
+class DirectInsert;
+}  // namespace fdo_sdk
 
 namespace fdo {
 
@@ -161,6 +162,7 @@ class QUILLON_EXPORT TableFdo : public Table {
   FdoPtr<FdoIFeatureReader> reader_;             // of the running query
   fdo_sdk::DirectCells* directCells_ = nullptr;  // of reader_, by position; null where it has none
   FdoPtr<FdoIInsert> insert_;
+  fdo_sdk::DirectInsert* directInsert_ = nullptr;  // of insert_; null where it has none
   FdoPtr<FdoIDelete> delete_;
   FdoPtr<FdoIUpdate> update_;
   FdoPtr<FdoISelect> select_;

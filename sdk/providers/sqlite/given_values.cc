@@ -27,6 +27,8 @@ GivenValues::GivenValues(StoreClassPtr storeClass, WatchedValues& values)
       Refuse(L"The property \"" + column->name + L"\" is given twice.");
     }
     columns_.push_back(column);
+    areOfColumns_ = areOfColumns_ && IsLiteral(*expression.p) &&
+                    ValueBinder::IsOfColumn(*column, static_cast<FdoLiteralValue&>(*expression.p));
   }
   binder_ = ValueBinder(columns_);
 }
@@ -49,6 +51,17 @@ bool GivenValues::Bind(Statement& statement, WatchedValues& values, FdoParameter
       FdoPtr<FdoLiteralValue> const literal = LiteralOf(expression, parameters);
       binder_.Bind(statement, place++, literal);
     }
+  }
+  return true;
+}
+
+bool GivenValues::BindDirectly(Statement& statement, WatchedValues& values,
+                               fdo_sdk::DirectValue const* direct) {
+  if (values.Changes() != changes_) return false;
+  std::size_t place = 0;
+  for (Item const& item : items_) {
+    if (item.isGiven) binder_.BindDirectly(statement, place++, *direct);
+    ++direct;
   }
   return true;
 }

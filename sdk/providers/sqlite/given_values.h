@@ -29,6 +29,14 @@ class GivenValues {
   // of ValueBinder::Bind and LiteralOf.
   bool Bind(Statement& statement, WatchedValues& values, FdoParameterValueCollection* parameters);
 
+  // Whether each value object was of its column's type when the collection was looked at.
+  bool AreOfColumns() const { return areOfColumns_; }
+
+  // As Bind, with values in the places of the objects in the collection.
+  // Requires: AreOfColumns(); direct has a value for each property, as DirectInsert has it.
+  // Errors: false when the collection has changed.
+  bool BindDirectly(Statement& statement, WatchedValues& values, fdo_sdk::DirectValue const* direct);
+
  private:
   struct Item {
     FdoPtr<FdoPropertyValue> property;
@@ -42,6 +50,7 @@ class GivenValues {
   std::vector<Item> items_;  // of the collection
   std::uint64_t changes_;    // of the collection, when the items were taken from it
   std::vector<StoreColumn const*> columns_;
+  bool areOfColumns_ = true;
   ValueBinder binder_{{}};
 };
 

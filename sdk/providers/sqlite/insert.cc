@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "sdk/extensions/direct_insert.h"
 #include "sdk/providers/sqlite/command_base.h"
 #include "sdk/providers/sqlite/commands.h"
 #include "sdk/providers/sqlite/data_version.h"
@@ -52,7 +53,7 @@ using InsertBase = ClassCommand<FdoIInsert>;
 
 // The inserts through one command share a transaction, which ends with the command at the latest; the
 // statement stays prepared for the next row as long as the same properties are given.
-class Insert : public InsertBase {
+class Insert : public InsertBase, public fdo_sdk::DirectInsert {
  public:
   using InsertBase::InsertBase;
 
@@ -61,19 +62,24 @@ class Insert : public InsertBase {
 
   // Errors: FdoCommandException*; nothing of this feature is written, and those before it stay.
   FdoIFeatureReader* Execute() override {
-    if (batch_->GetCount() > 0) Refuse(L"The SQLite provider inserts one feature at a time.");
-    Database& database = OpenedDatabase();
-    bool const beginsBatch = !database.InTransaction();
-    connection_->JoinWrites(this);
-    try {
-      // What it writes in a batch of its own is noted again for each.
-      if (beginsBatch && plan_ != nullptr) NoteWrite(*plan_->storeClass, connection_->Indexes());
-      return Add(database);
-    } catch (FdoException*) {
-      // A batch of nothing would keep the file locked.
-      if (beginsBatch) connection_->LeaveWrites(this);
-      throw;
-    }
+    FdoIFeatureReader* inserted = nullptr;
+    InBatch([&](Database& database) {
+      auto const bind = [&](InsertPlan& plan) {
+        return plan.given.Bind(plan.statement, *values_, parameters_);
+      };
+      return Add(database, PlanFor(database, bind), &inserted);
+    });
+    return inserted;
+  }
+
+  bool ExecuteWith(fdo_sdk::DirectValue const* values, FdoIFeatureReader** inserted) override {
+    return InBatch([&](Database& database) {
+      auto const bind = [&](InsertPlan& plan) {
+        return !plan.given.AreOfColumns() || plan.given.BindDirectly(plan.statement, *values_, values);
+      };
+      InsertPlan& plan = PlanFor(database, bind);
+      return plan.given.AreOfColumns() && Add(database, plan, inserted);
+    });
   }
 
  protected:
@@ -84,21 +90,44 @@ class Insert : public InsertBase {
   }
 
  private:
-  FdoIFeatureReader* Add(Database& database) {
-    InsertPlan& plan = BoundPlan(database);
+  // Does the work, which gives whether it wrote something, in the transaction of this command.
+  template <class Work>
+  bool InBatch(Work work) {
+    if (batch_->GetCount() > 0) Refuse(L"The SQLite provider inserts one feature at a time.");
+    Database& database = OpenedDatabase();
+    bool const beginsBatch = !database.InTransaction();
+    connection_->JoinWrites(this);
+    bool written = false;
+    try {
+      // What it writes in a batch of its own is noted again for each.
+      if (beginsBatch && plan_ != nullptr) NoteWrite(*plan_->storeClass, connection_->Indexes());
+      written = work(database);
+    } catch (FdoException*) {
+      // A batch of nothing would keep the file locked.
+      if (beginsBatch) connection_->LeaveWrites(this);
+      throw;
+    }
+    if (beginsBatch && !written) connection_->LeaveWrites(this);
+    return written;
+  }
+
+  // Inserts what has been bound. inserted: null where nobody wants the reader. Gives: true.
+  bool Add(Database& database, InsertPlan& plan, FdoIFeatureReader** inserted) {
     ResultCursor::KeptRow identity;
     bool const hasRow = plan.statement.Step();
     if (hasRow) {
-      identity = KeptIdentity(database, plan);
+      if (inserted != nullptr) identity = KeptIdentity(database, plan);
       plan.statement.Step();
     }
     plan.statement.Reset();
-    FdoPtr<FdoIFeatureReader> reader =
-        hasRow ? MakeFeatureReader(connection_, ResultCursor(std::move(identity), plan.identity->columns),
-                                   plan.identity)
-               : plan.readers.Of(connection_, sqlite3_last_insert_rowid(database.Handle()), plan.identity);
+    if (inserted != nullptr) {
+      *inserted =
+          hasRow ? MakeFeatureReader(connection_, ResultCursor(std::move(identity), plan.identity->columns),
+                                     plan.identity)
+                 : plan.readers.Of(connection_, sqlite3_last_insert_rowid(database.Handle()), plan.identity);
+    }
     if (WasPreparedAnew(plan.statement)) plan_ = nullptr;
-    return reader.Detach();
+    return true;
   }
 
   // The row on which the statement stands.
@@ -114,13 +143,15 @@ class Insert : public InsertBase {
     return identity;
   }
 
+  // A plan whose statement is bound by bind(plan), which gives false where the plan is for other properties.
   // Within a transaction nobody else changes the table, so that the last plan mostly holds.
-  InsertPlan& BoundPlan(Database& database) {
+  template <class Bind>
+  InsertPlan& PlanFor(Database& database, Bind bind) {
     bool const holds = plan_ != nullptr && plan_->learned.Holds(database) && IsPlannedClass() &&
                        plan_->statement.Handle() != nullptr;
-    if (holds && plan_->given.Bind(plan_->statement, *values_, parameters_)) return *plan_;
+    if (holds && bind(*plan_)) return *plan_;
     plan_ = MakePlan(database);
-    plan_->given.Bind(plan_->statement, *values_, parameters_);
+    bind(*plan_);
     return *plan_;
   }
 

@@ -1,5 +1,6 @@
 // Commands on rows when SQLite fails.
 #include "sdk/extensions/column_visits.h"
+#include "sdk/extensions/direct_insert.h"
 #include "sdk/providers/sqlite/failure_sweep.h"
 #include "sdk/providers/sqlite/row_commands.h"
 
@@ -31,6 +32,31 @@ TEST_F(RowFailure, InsertsThroughOneCommandAreWholeOrAbsent) {
         GiveText(insert, L"Shape", L"GeomFromText('POINT (3 4)')");
         for (int i = 0; i < 3; ++i) {
           FdoPtr<FdoIFeatureReader> reader = insert->Execute();
+          reader->ReadNext();
+        }
+        insert = nullptr;
+        connection->Close();
+      },
+      kNames);
+}
+
+TEST_F(RowFailure, InsertsInOneCallEachAreWholeOrAbsent) {
+  FdoByte const point[] = {1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x10, 0x40};
+  fdo_sdk::DirectValue values[2];
+  values[0].kind = fdo_sdk::DirectKind::kText;
+  values[0].cell.text = L"more";
+  values[1].kind = fdo_sdk::DirectKind::kBytes;
+  values[1].cell.bytes = point;
+  values[1].cell.size = static_cast<FdoInt32>(sizeof(point));
+  Sweep(
+      [&] {
+        FdoPtr<Connection> connection = store_.Open();
+        FdoPtr<FdoIInsert> insert = MakeInsertInto(connection, L"Places");
+        Give(insert, L"Name", FdoPtr<FdoStringValue>(FdoStringValue::Create()));
+        Give(insert, L"Shape", FdoPtr<FdoGeometryValue>(FdoGeometryValue::Create()));
+        for (int i = 0; i < 3; ++i) {
+          FdoPtr<FdoIFeatureReader> reader;
+          EXPECT_TRUE(dynamic_cast<fdo_sdk::DirectInsert&>(*insert.p).ExecuteWith(values, &reader.p));
           reader->ReadNext();
         }
         insert = nullptr;

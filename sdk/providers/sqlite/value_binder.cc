@@ -14,9 +14,9 @@ namespace {
   Refuse(L"The property \"" + column.name + L"\" cannot hold the value: " + why + L".");
 }
 
-std::string_view ViewOf(FdoByteArray* array) {
-  return std::string_view(reinterpret_cast<char const*>(array->GetData()),
-                          static_cast<std::size_t>(array->GetCount()));
+std::string_view ViewOf(FdoByteArray& array) {
+  return std::string_view(reinterpret_cast<char const*>(array.GetData()),
+                          static_cast<std::size_t>(array.GetCount()));
 }
 
 bool IsText(std::string_view bytes) {
@@ -24,11 +24,6 @@ bool IsText(std::string_view bytes) {
   bool malformed = false;
   fdo_sdk::WideFromUtf8(bytes, &malformed);
   return !malformed;
-}
-
-double RequireNumber(StoreColumn const& column, double value) {
-  if (std::isnan(value)) RefuseValue(column, L"it is not a number, which the file has no value for");
-  return value;
 }
 
 }  // namespace
@@ -42,13 +37,53 @@ void ValueBinder::Bind(Statement& statement, std::size_t place, FdoLiteralValue*
   if (slot.known.p != value) {
     slot.known = FDO_SAFE_ADDREF(value);
     slot.isGeometry = value != nullptr && value->GetLiteralValueType() == FdoLiteralValueType_Geometry;
-    bool const takesGeometry = slot.column.kind == StoreColumn::Kind::kGeometry;
-    slot.isOfColumn = slot.isGeometry
-                          ? takesGeometry
-                          : value != nullptr && !takesGeometry &&
-                                static_cast<FdoDataValue*>(value)->GetDataType() == slot.column.type;
+    slot.isOfColumn = value != nullptr && IsOfColumn(slot.column, *value);
   }
   BindKnown(statement, static_cast<int>(place) + 1, slot);
+}
+
+bool ValueBinder::IsOfColumn(StoreColumn const& column, FdoLiteralValue& literal) {
+  bool const takesGeometry = column.kind == StoreColumn::Kind::kGeometry;
+  if (literal.GetLiteralValueType() == FdoLiteralValueType_Geometry) return takesGeometry;
+  return !takesGeometry && static_cast<FdoDataValue&>(literal).GetDataType() == column.type;
+}
+
+void ValueBinder::BindDirectly(Statement& statement, std::size_t place, fdo_sdk::DirectValue const& value) {
+  using fdo_sdk::DirectKind;
+  Slot& slot = *slots_[place];
+  int const parameter = static_cast<int>(place) + 1;
+  slot.isBound = slot.isBound || (value.kind != DirectKind::kNone && value.kind != DirectKind::kNull);
+  switch (value.kind) {
+    case DirectKind::kNone:
+    case DirectKind::kNull:
+      BindNull(statement, parameter, slot);
+      break;
+    case DirectKind::kFlag:
+      statement.Bind(parameter, std::int64_t{value.cell.flag});
+      break;
+    case DirectKind::kInteger:
+      statement.Bind(parameter, value.cell.integer);
+      break;
+    case DirectKind::kReal:
+      BindReal(statement, parameter, slot, value.cell.real);
+      break;
+    case DirectKind::kMoment:
+      BindMoment(statement, parameter, slot, *value.cell.moment);
+      break;
+    case DirectKind::kText:
+      BindString(statement, parameter, slot, value.cell.text);
+      break;
+    case DirectKind::kBytes: {
+      std::string_view const bytes(reinterpret_cast<char const*>(value.cell.bytes),
+                                   static_cast<std::size_t>(value.cell.size));
+      if (slot.column.kind == StoreColumn::Kind::kGeometry) {
+        BindGeometry(statement, parameter, slot, bytes);
+      } else {
+        BindLargeObject(statement, parameter, slot, bytes);
+      }
+      break;
+    }
+  }
 }
 
 void ValueBinder::BindKnown(Statement& statement, int parameter, Slot& slot) {
@@ -61,7 +96,7 @@ void ValueBinder::BindKnown(Statement& statement, int parameter, Slot& slot) {
       BindNull(statement, parameter, slot);
     } else {
       if (!slot.isOfColumn) RefuseValue(slot.column, L"it is a geometry");
-      BindGeometry(statement, parameter, slot, *fgf);
+      BindGeometry(statement, parameter, slot, ViewOf(*fgf));
     }
   } else {
     auto& data = static_cast<FdoDataValue&>(*slot.known);
@@ -113,61 +148,74 @@ void ValueBinder::BindData(Statement& statement, int parameter, Slot& slot, FdoD
       statement.Bind(parameter, std::int64_t{static_cast<FdoInt64Value&>(value).GetInt64()});
       break;
     case FdoDataType_Single:
-      statement.Bind(parameter,
-                     RequireNumber(slot.column, double{static_cast<FdoSingleValue&>(value).GetSingle()}));
+      BindReal(statement, parameter, slot, double{static_cast<FdoSingleValue&>(value).GetSingle()});
       break;
     case FdoDataType_Double:
-      statement.Bind(parameter, RequireNumber(slot.column, static_cast<FdoDoubleValue&>(value).GetDouble()));
+      BindReal(statement, parameter, slot, static_cast<FdoDoubleValue&>(value).GetDouble());
       break;
     case FdoDataType_Decimal:
-      statement.Bind(parameter,
-                     RequireNumber(slot.column, static_cast<FdoDecimalValue&>(value).GetDecimal()));
+      BindReal(statement, parameter, slot, static_cast<FdoDecimalValue&>(value).GetDecimal());
       break;
-    case FdoDataType_DateTime: {
-      int const length = FormatDateText(static_cast<FdoDateTimeValue&>(value).GetDateTime(), slot.dateText);
-      if (length == 0) RefuseValue(slot.column, L"it is no date or time of the calendar");
-      statement.BindText(parameter, std::string_view(slot.dateText, static_cast<std::size_t>(length)));
+    case FdoDataType_DateTime:
+      BindMoment(statement, parameter, slot, static_cast<FdoDateTimeValue&>(value).GetDateTime());
       break;
-    }
-    case FdoDataType_String: {
-      FdoString* const text = static_cast<FdoStringValue&>(value).GetString();
-      bool malformed = false;
-      slot.text.clear();
-      fdo_sdk::AppendUtf8(slot.text, std::wstring_view(text, std::wcslen(text)), &malformed);
-      if (malformed) RefuseValue(slot.column, L"a unit in it is no character");
-      statement.BindText(parameter, std::string_view(slot.text));
+    case FdoDataType_String:
+      BindString(statement, parameter, slot, static_cast<FdoStringValue&>(value).GetString());
       break;
-    }
     case FdoDataType_BLOB:
     case FdoDataType_CLOB: {
       FdoPtr<FdoByteArray> const array = static_cast<FdoLOBValue&>(value).GetData();
       if (array == nullptr) {
         statement.BindNull(parameter);
-        break;
-      }
-      std::string_view const bytes = ViewOf(array);
-      if (slot.column.type == FdoDataType_CLOB && IsText(bytes)) {
-        statement.BindText(parameter, bytes);
       } else {
-        statement.BindBlob(parameter, bytes.data(), bytes.size());
+        BindLargeObject(statement, parameter, slot, ViewOf(*array));
       }
       break;
     }
   }
 }
 
-void ValueBinder::BindGeometry(Statement& statement, int parameter, Slot& slot, FdoByteArray& fgf) {
+void ValueBinder::BindReal(Statement& statement, int parameter, Slot& slot, double value) {
+  if (std::isnan(value)) {
+    RefuseValue(slot.column, L"it is not a number, which the file has no value for");
+  }
+  statement.Bind(parameter, value);
+}
+
+void ValueBinder::BindMoment(Statement& statement, int parameter, Slot& slot, FdoDateTime const& value) {
+  int const length = FormatDateText(value, slot.dateText);
+  if (length == 0) RefuseValue(slot.column, L"it is no date or time of the calendar");
+  statement.BindText(parameter, std::string_view(slot.dateText, static_cast<std::size_t>(length)));
+}
+
+void ValueBinder::BindString(Statement& statement, int parameter, Slot& slot, FdoString* value) {
+  bool malformed = false;
+  slot.text.clear();
+  fdo_sdk::AppendUtf8(slot.text, std::wstring_view(value, std::wcslen(value)), &malformed);
+  if (malformed) RefuseValue(slot.column, L"a unit in it is no character");
+  statement.BindText(parameter, std::string_view(slot.text));
+}
+
+void ValueBinder::BindLargeObject(Statement& statement, int parameter, Slot& slot, std::string_view bytes) {
+  if (slot.column.type == FdoDataType_CLOB && IsText(bytes)) {
+    statement.BindText(parameter, bytes);
+  } else {
+    statement.BindBlob(parameter, bytes.data(), bytes.size());
+  }
+}
+
+void ValueBinder::BindGeometry(Statement& statement, int parameter, Slot& slot, std::string_view fgf) {
   if (slot.column.format == GeometryFormat::kUnsupported) {
     RefuseValue(slot.column, L"the format in which its geometries are stored is not known here");
   }
   slot.isBound = true;
-  if (fgf.GetCount() == 0) {
+  if (fgf.empty()) {
     statement.BindNull(parameter);
     return;
   }
   GeometryBytes stored;
   try {
-    stored = slot.geometry.Store(fgf.GetData(), static_cast<std::size_t>(fgf.GetCount()));
+    stored = slot.geometry.Store(reinterpret_cast<FdoByte const*>(fgf.data()), fgf.size());
   } catch (FdoException* failure) {
     FdoPtr<FdoException> cause(failure);
     std::wstring const message =

@@ -4,9 +4,11 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Fdo.h"
+#include "sdk/extensions/direct_insert.h"
 #include "sdk/providers/sqlite/date_text.h"
 #include "sdk/providers/sqlite/statement.h"
 #include "sdk/providers/sqlite/store_schema.h"
@@ -44,6 +46,13 @@ class ValueBinder {
     return true;
   }
 
+  // The same as Bind, for a value of the column's type without an object around it.
+  // Requires: value is of that kind or null. Errors: as Bind.
+  void BindDirectly(Statement& statement, std::size_t place, fdo_sdk::DirectValue const& value);
+
+  // Whether a literal, which may be null itself, has the type of the column.
+  static bool IsOfColumn(StoreColumn const& column, FdoLiteralValue& literal);
+
  private:
   struct Slot {
     explicit Slot(StoreColumn const& of) : column(of), geometry(of.format) {}
@@ -63,7 +72,12 @@ class ValueBinder {
   static FdoDataValue& Converted(Slot& slot, FdoDataValue& value);
   // Requires: the value is of the column's type.
   static void BindData(Statement& statement, int parameter, Slot& slot, FdoDataValue& value);
-  static void BindGeometry(Statement& statement, int parameter, Slot& slot, FdoByteArray& fgf);
+  // Of a column of that kind.
+  static void BindReal(Statement& statement, int parameter, Slot& slot, double value);
+  static void BindMoment(Statement& statement, int parameter, Slot& slot, FdoDateTime const& value);
+  static void BindString(Statement& statement, int parameter, Slot& slot, FdoString* value);
+  static void BindLargeObject(Statement& statement, int parameter, Slot& slot, std::string_view bytes);
+  static void BindGeometry(Statement& statement, int parameter, Slot& slot, std::string_view fgf);
 
   std::vector<std::unique_ptr<Slot>> slots_;
 };
