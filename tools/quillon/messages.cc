@@ -93,6 +93,13 @@ Failure UnknownFormat(std::string const& target) {
                                         target)};
 }
 
+Failure SourceIsPipe(std::string const& source) {
+  return {
+      ExitCode::kCannotOpen,
+      fmt::format("{} is a pipe; vector data is read from files, and from the standard input as /vsistdin/",
+                  source)};
+}
+
 Failure SourceMissing(std::string const& source) {
   return {ExitCode::kCannotOpen, fmt::format("{} does not exist; check the path", source)};
 }

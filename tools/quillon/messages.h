@@ -22,6 +22,7 @@ Failure ColumnTwice(std::string const& name);
 Failure UnknownFormat(std::string const& target);
 
 // --- Sources ----------------------------------------------------------------------------------
+Failure SourceIsPipe(std::string const& source);
 Failure SourceMissing(std::string const& source);
 // detail: what the back end says, or "".
 Failure SourceUnreadable(std::string const& source, std::string const& detail);

@@ -83,9 +83,12 @@ Source OpenSource(SourceOptions const& options, Session& session) {
   WideFromUtf8(options.provider, wideProvider);
   bool const providerIsNamed = !wideProvider.empty();
   std::error_code ignored;
-  bool const exists = std::filesystem::exists(PathOf(name), ignored);
+  std::filesystem::file_status const present = std::filesystem::status(PathOf(name), ignored);
+  bool const exists = std::filesystem::exists(present);
   if (name.empty()) throw Usage("SOURCE is empty");
   if (!providerIsNamed && !exists && !MayBeNoFile(name)) throw SourceMissing(name);
+  // Opening one waits for whoever writes into it.
+  if (!providerIsNamed && std::filesystem::is_fifo(present)) throw SourceIsPipe(name);
 
   Database* const database =
       DbPool::GetConnectionForReading(wideName.c_str(), wideProvider.c_str(), nullptr, /*loadSchema=*/true);

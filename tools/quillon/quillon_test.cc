@@ -111,6 +111,14 @@ TEST_F(Quillon, ASourceThatDoesNotOpenIsCode3) {
   EXPECT_FALSE(fs::exists(Scratch("out.gpkg")));
 }
 
+TEST_F(Quillon, APipeIsNoSource) {
+  std::string const input = Quoted(Data("cycle_hire.geojson"));
+  ExpectFailure(RunShell("cat " + input + " | \"$QUILLON\" info /dev/stdin"), 3, "/dev/stdin is a pipe; ");
+  auto const standardInput = RunShell("cat " + input + " | \"$QUILLON\" query /vsistdin/ --limit 1");
+  EXPECT_EQ(standardInput.code, 0) << standardInput.err;
+  EXPECT_THAT(standardInput.out, HasSubstr("River Street"));
+}
+
 TEST_F(Quillon, AShapefileThatBreaksOffIsReadAsFarAsItGoesAndReported) {
   fs::copy(Data("columbus.dbf"), Scratch("columbus.dbf"));
   fs::copy(Data("columbus.shx"), Scratch("columbus.shx"));
