@@ -241,7 +241,7 @@ TEST(DirectInsert, WhatAnUpdateLeftIsInsertedOnce) {
   EXPECT_TRUE(table.Insert(row, nullptr, /*storeMakesId=*/true));
   row[L"n"].Reset(2);
   row[L"t"].Reset(L"left", /*copy=*/false);
-  EXPECT_FALSE(table.Update(row, __int64{77}));
+  EXPECT_FALSE(table.Update(row, static_cast<__int64>(77)));
   row.Invalidate();
   row[L"n"].Reset(3);
   EXPECT_TRUE(table.Insert(row, nullptr, /*storeMakesId=*/true));
