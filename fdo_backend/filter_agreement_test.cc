@@ -181,13 +181,15 @@ TEST_F(FilterAgreement, WholeNumbersThatDoNotFit) {
   }
 }
 
-// The evaluator compares with each value of a list as with that value alone; the store takes one kind only.
+// Each value of a list is compared with as that value alone.
 TEST_F(FilterAgreement, ListsOfSeveralKinds) {
-  EXPECT_EQ(ByEvaluator(L"t IN ('abc', 1)"), BySqlite(L"t = 'abc' OR t = 1"));
+  for (wchar_t const* const text : {L"t IN ('abc', 3)", L"t IN (3, NULL, 'abc', 100)", L"NOT t IN (3, 'abc')",
+                                    L"NOT t IN ('abc', 3, NULL)", L"NOT (t IN ('a', 1) AND i IN (3, '1'))"}) {
+    EXPECT_EQ(ByEvaluator(text), BySqlite(text)) << ToUtf8(text);
+  }
+  EXPECT_EQ(BySqlite(L"t IN ('abc', 3)"), BySqlite(L"t = 'abc' OR t = 3"));
+  EXPECT_GT(BySqlite(L"t IN ('abc', 3)").size(), BySqlite(L"t = 3").size());
   EXPECT_FALSE(BySqlite(L"t = 'abc'").empty());
-  CapturedDiagnostics diagnostics;
-  EXPECT_EQ(BySqlite(L"t IN ('abc', 1)"), Ids{});
-  EXPECT_EQ(diagnostics.Lines(), std::vector<std::wstring>{L"The values of a list must be of one kind."});
 }
 
 // The ordinates of what is no point are 0 for the evaluator, and null in the store.

@@ -60,7 +60,7 @@ std::wstring FilterFamily::Condition() {
     case 1:
       return L"i IN (" + Integer() + L", " + Integer() + L")";
     case 2:
-      return L"t IN (" + TextLiteral() + L", 'abc')";
+      return L"t IN (" + TextLiteral() + L", " + (Below(2) == 0 ? L"'abc'" : Integer()) + L")";
     case 3:
       return Text(1) + L" LIKE " + Any(kPatterns);
     case 4:

@@ -1,6 +1,8 @@
 #include "sdk/providers/sqlite/condition_sql.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "sdk/providers/sqlite/like_pattern.h"
 
@@ -58,6 +60,20 @@ SqlFragment Listed(SqlValue const& value, SqlKind as, bool isLong) {
   return listed;
 }
 
+SqlFragment ListSql(SqlValue const& property, std::vector<SqlValue> const& values, SqlKind as, bool isLong) {
+  SqlFragment made("", SqlPower::kComparison);
+  SqlFragment sought = Comparable(property, as);
+  if (as == SqlKind::kText) sought = Collated(sought);
+  made.AddWithin(sought, SqlPower::kSum, 0);
+  made.Add(" IN (");
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i > 0) made.Add(", ");
+    made.Add(Listed(values[i], as, isLong), 5);
+  }
+  made.Add(")");
+  return made;
+}
+
 }  // namespace
 
 SqlFragment ComparisonSql(FdoComparisonCondition& condition, SqlScope const& scope) {
@@ -88,29 +104,32 @@ SqlFragment InSql(FdoInCondition& condition, SqlScope const& scope) {
   SqlValue const property = TranslateExpression(*name, scope);
   FdoInt32 const count = values == nullptr ? 0 : values->GetCount();
   if (count == 0) return SqlFragment("0");
-  // Each value says as what the property is compared with it: a text with a number as a number.
-  SqlKind as = SqlKind::kNull;
+  // Each value says as what the property is compared with it: a text with a number as a number. What has no
+  // value says nothing, and is listed with the first of those that do.
   std::vector<SqlValue> listed;
+  std::vector<SqlKind> kinds;
+  std::vector<SqlKind> lists;
   for (FdoInt32 i = 0; i < count; ++i) {
     FdoPtr<FdoValueExpression> const value = values->GetItem(i);
     if (value == nullptr) Refuse(L"A value of a list is missing.");
     listed.push_back(TranslateExpression(*value, scope));
-    SqlKind const pair = ComparedAs(property, listed.back());
-    if (listed.back().kind == SqlKind::kNull) continue;
-    if (as != SqlKind::kNull && as != pair) Refuse(L"The values of a list must be of one kind.");
-    as = pair;
+    bool const hasValue = listed.back().kind != SqlKind::kNull;
+    kinds.push_back(ComparedAs(property, listed.back()));
+    if (!hasValue) kinds.back() = SqlKind::kNull;
+    if (hasValue && std::find(lists.begin(), lists.end(), kinds.back()) == lists.end())
+      lists.push_back(kinds.back());
   }
-  if (as == SqlKind::kNull) as = property.kind;
-  SqlFragment made("", SqlPower::kComparison);
-  SqlFragment sought = Comparable(property, as);
-  if (as == SqlKind::kText) sought = Collated(sought);
-  made.AddWithin(sought, SqlPower::kSum, 0);
-  made.Add(" IN (");
-  for (FdoInt32 i = 0; i < count; ++i) {
-    if (i > 0) made.Add(", ");
-    made.Add(Listed(listed[static_cast<std::size_t>(i)], as, count > kLongestBoundList), 5);
+  if (lists.empty()) lists.push_back(property.kind);
+  std::replace(kinds.begin(), kinds.end(), SqlKind::kNull, lists.front());
+  SqlFragment made;
+  for (SqlKind const kind : lists) {
+    std::vector<SqlValue> ofKind;
+    for (std::size_t i = 0; i < listed.size(); ++i) {
+      if (kinds[i] == kind) ofKind.push_back(listed[i]);
+    }
+    SqlFragment const list = ListSql(property, ofKind, kind, count > kLongestBoundList);
+    made = kind == lists.front() ? list : SqlFragment::Binary(made, "OR", SqlPower::kOr, list);
   }
-  made.Add(")");
   return made;
 }
 
