@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <utility>
 
 #include "values/number_text.h"
 
@@ -134,35 +135,38 @@ bool FormatUsual(FdoDateTime const& value, wchar_t (&text)[kDateTextSize]) {
   return true;
 }
 
+constexpr wchar_t kUsualForm[] = L"0000-00-00T00:00:00.000";
 constexpr int kUsualLength = 23;
 
 bool IsDigit(wchar_t unit) { return unit >= L'0' && unit <= L'9'; }
 
+// Whether the units from begin on have the form of those places, up to the first that has not. The places are
+// known when this is compiled, and so no loop.
+template <std::size_t begin, std::size_t... place>
+bool HasForm(wchar_t const* text, std::index_sequence<place...>) {
+  return (... && (kUsualForm[begin + place] == L'0' ? IsDigit(text[begin + place])
+                                                    : text[begin + place] == kUsualForm[begin + place]));
+}
+
 // Reads what FormatUsual writes, and the same without thousandths.
 // Errors: false for any other text; value is then untouched.
 bool ParseUsual(wchar_t const* text, FdoDateTime& value) {
-  constexpr wchar_t kForm[] = L"0000-00-00T00:00:00.000";
-  constexpr int kWithoutThousandths = 19;
-  int length = 0;
-  while (length < kUsualLength &&
-         (kForm[length] == L'0' ? IsDigit(text[length]) : text[length] == kForm[length])) {
-    ++length;
-  }
-  if (text[length] != 0 || (length != kUsualLength && length != kWithoutThousandths)) return false;
+  constexpr std::size_t kToSeconds = 19;
+  constexpr std::size_t kBehind = kUsualLength - kToSeconds;
+  if (!HasForm<0>(text, std::make_index_sequence<kToSeconds>())) return false;
+  bool const hasThousandths = HasForm<kToSeconds>(text, std::make_index_sequence<kBehind>());
+  if (text[hasThousandths ? kUsualLength : kToSeconds] != 0) return false;
 
-  auto const number = [text](int begin, int end) {
-    int read = 0;
-    for (int i = begin; i < end; ++i) read = read * 10 + static_cast<int>(text[i] - L'0');
-    return read;
-  };
-  value.year = static_cast<FdoInt16>(number(0, 4));
-  value.month = static_cast<FdoInt8>(number(5, 7));
-  value.day = static_cast<FdoInt8>(number(8, 10));
-  value.hour = static_cast<FdoInt8>(number(11, 13));
-  value.minute = static_cast<FdoInt8>(number(14, 16));
-  int const thousandths = length == kUsualLength ? number(20, 23) : 0;
+  auto const digit = [text](int place) { return static_cast<int>(text[place] - L'0'); };
+  auto const pair = [digit](int place) { return digit(place) * 10 + digit(place + 1); };
+  value.year = static_cast<FdoInt16>(pair(0) * 100 + pair(2));
+  value.month = static_cast<FdoInt8>(pair(5));
+  value.day = static_cast<FdoInt8>(pair(8));
+  value.hour = static_cast<FdoInt8>(pair(11));
+  value.minute = static_cast<FdoInt8>(pair(14));
+  int const thousandths = hasThousandths ? pair(20) * 10 + digit(22) : 0;
   // The double is nowhere halfway between two floats unless the number is, so that this rounds once.
-  value.seconds = static_cast<float>((number(17, 19) * 1000 + thousandths) / 1000.0);
+  value.seconds = static_cast<float>((pair(17) * 1000 + thousandths) / 1000.0);
   return true;
 }
 
