@@ -128,7 +128,7 @@ TEST_F(FdoStore, AnIdThatIsNoWholeNumberIsRefused) {
 }
 
 // SQLite stores any value in any column.
-TEST_F(FdoStore, AValueThatDoesNotFitItsColumnIsToldAndTheRestConverted) {
+TEST_F(FdoStore, AValueThatDoesNotFitItsColumnIsToldAndTheRestDone) {
   std::string const store = World();
   {
     CapturedDiagnostics const ignored;
@@ -148,6 +148,16 @@ TEST_F(FdoStore, AValueThatDoesNotFitItsColumnIsToldAndTheRestConverted) {
   EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2) << result.err;
   EXPECT_EQ(RunForJson({"query", Scratch("out.gpkg")}).size(), 177u);
   EXPECT_EQ(Query({Scratch("out.gpkg"), "--where", "name_long = 'China'"})[0]["pop"], json());
+
+  auto const stats = RunQuillon({"stats", store, "name_long", "pop", "--json"});
+  EXPECT_EQ(stats.code, 4);
+  EXPECT_EQ(json::parse(stats.out)["columns"].size(), 1u);
+  EXPECT_THAT(stats.err, HasSubstr("world.sqlite met an error; there are no statistics of pop\n"));
+  EXPECT_EQ(RunQuillon({"stats", store, "pop"}).code, 1);
+  auto const unasked = RunQuillon({"stats", store, "name_long", "pop", "--where", "lifeExp > 'x'"});
+  EXPECT_EQ(unasked.code, 1);
+  EXPECT_EQ(unasked.out, "");
+  EXPECT_THAT(unasked.err, HasSubstr("failed for the reason above"));
 
   auto const refused = RunQuillon({"convert", store, Scratch("none.gpkg"), "--where", "pop > 'x'"});
   EXPECT_EQ(refused.code, 1);

@@ -228,6 +228,11 @@ Failure QueryFailed(std::string const& source) {
   return {ExitCode::kFailed, fmt::format("the query of {} failed for the reason above", source)};
 }
 
+Failure ColumnsUnread(std::string const& source, std::vector<std::string> const& columns) {
+  return {ExitCode::kPartlyDone,
+          fmt::format("reading {} met an error; there are no statistics of {}", source, ListNames(columns))};
+}
+
 Failure RowsMissing(std::string const& source, std::string const& detail) {
   return {ExitCode::kPartlyDone, fmt::format("reading {} met an error{}; rows or values may be missing",
                                              source, WithDetail(detail))};

@@ -60,6 +60,7 @@ Failure SetTwice(std::string const& name);
 // The library gave its reasons in lines of their own.
 Failure QueryFailed(std::string const& source);
 // detail: what the back end says, or "".
+Failure ColumnsUnread(std::string const& source, std::vector<std::string> const& columns);
 Failure RowsMissing(std::string const& source, std::string const& detail);
 std::string CoordinatesAsTheyAre(std::string const& coordinateSystem);
 

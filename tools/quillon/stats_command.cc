@@ -127,6 +127,13 @@ std::string AsJson(Source const& source, TableDef const& def, std::vector<Printe
   return std::move(json).Finish();
 }
 
+// Whether it is a column's values that cannot be read, and not what is asked of all columns.
+bool RowsCanBeFound(Table& table, FdoFilter* filter, Session& session) {
+  constexpr bool kAllowScan = true;
+  bool const counted = table.GetRowCount(filter, kAllowScan) >= 0;
+  return session.TakeDiagnostics().empty() && counted;
+}
+
 ExitCode Stats(StatsOptions const& options, Session& session) {
   Source source = OpenSource(options.source, session);
   Table& table = FindTable(source, options.selection.table);
@@ -134,12 +141,22 @@ ExitCode Stats(StatsOptions const& options, Session& session) {
   BoundSelection const bound = Bind(options.selection, def);
 
   std::vector<Printed> printed;
+  std::vector<std::string> unread;
   for (int column : ChooseColumns(def, options.columns)) {
-    printed.push_back({Utf8(def[column].Name()), TypeName(def[column].Type()),
-                       ComputeStatistics(table, column, bound.filter.p), def[column].Type()});
-    if (session.ShowDiagnostics()) throw QueryFailed(source.name);
+    Printed line = {Utf8(def[column].Name()), TypeName(def[column].Type()),
+                    ComputeStatistics(table, column, bound.filter.p), def[column].Type()};
+    if (!session.ShowDiagnostics()) {
+      printed.push_back(std::move(line));
+    } else if (!RowsCanBeFound(table, bound.filter.p, session)) {
+      throw QueryFailed(source.name);
+    } else {
+      unread.push_back(std::move(line.name));
+    }
   }
+  if (printed.empty()) throw QueryFailed(source.name);
   session.output.Write(options.json ? AsJson(source, def, printed) : AsTable(printed));
+  session.output.Flush();
+  if (!unread.empty()) throw ColumnsUnread(source.name, unread);
   return ExitCode::kDone;
 }
 
