@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "tools/quillon/messages.h"
+#include "tools/quillon/option_checks.h"
 #include "tools/quillon/path_text.h"
 #include "tools/quillon/suggestion.h"
 #include "tools/quillon/utf8.h"
@@ -73,6 +74,7 @@ FdoPtr<FdoIConnection> ConnectionOf(Source const& source) {
 void SourceOptions::Define(CLI::App& app, char const* purpose) {
   app.add_option("SOURCE", source, purpose)->required();
   app.add_option("--provider", provider, "The FDO provider to open it; SOURCE is then a connection string")
+      ->check(NotEmpty())
       ->type_name("NAME");
 }
 

@@ -11,11 +11,11 @@
 #include "tools/quillon/coordinate_system_name.h"
 #include "tools/quillon/messages.h"
 #include "tools/quillon/open_source.h"
+#include "tools/quillon/option_checks.h"
 #include "tools/quillon/query_plan.h"
 #include "tools/quillon/row_writer.h"
 #include "tools/quillon/selection.h"
 #include "tools/quillon/utf8.h"
-#include "tools/quillon/whole_number.h"
 
 namespace fdo::tool {
 

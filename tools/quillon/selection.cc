@@ -10,6 +10,7 @@
 #include "tools/quillon/cell_text.h"
 #include "tools/quillon/filter.h"
 #include "tools/quillon/messages.h"
+#include "tools/quillon/option_checks.h"
 #include "tools/quillon/suggestion.h"
 #include "tools/quillon/utf8.h"
 
@@ -87,18 +88,22 @@ std::vector<int> FindColumns(TableDef const& def, std::vector<std::string> const
 }
 
 void Selection::DefineTable(CLI::App& app) {
-  app.add_option("--table", table, "The table, where the source has more than one")->type_name("NAME");
+  app.add_option("--table", table, "The table, where the source has more than one")
+      ->check(NotEmpty())
+      ->type_name("NAME");
 }
 
 CLI::Option* Selection::DefineWhere(CLI::App& app) {
   return app
       .add_option("--where", where,
                   "Only rows that meet an FDO filter, such as \"pop > 1000 and name like 'A%'\"")
+      ->check(NotEmpty())
       ->type_name("FILTER");
 }
 
 CLI::Option* Selection::DefineBox(CLI::App& app) {
   return app.add_option("--bbox", box, "Only rows whose geometry's box meets minx,miny,maxx,maxy")
+      ->check(NotEmpty())
       ->type_name("BOX");
 }
 
@@ -111,6 +116,7 @@ void Selection::DefineColumns(CLI::App& app) {
 CLI::Option* Selection::DefineOrder(CLI::App& app) {
   CLI::Option* const order =
       app.add_option("--order-by", orderBy, "Order the rows by a column, where the source can")
+          ->check(NotEmpty())
           ->type_name("COLUMN");
   app.add_flag("--descending", descending, "The greatest first")->needs(order);
   return order;

@@ -1,5 +1,6 @@
-#ifndef TOOLS_QUILLON_WHOLE_NUMBER_H_
-#define TOOLS_QUILLON_WHOLE_NUMBER_H_
+// What the command line checks of an option before a command sees it.
+#ifndef TOOLS_QUILLON_OPTION_CHECKS_H_
+#define TOOLS_QUILLON_OPTION_CHECKS_H_
 
 #include <CLI/CLI.hpp>
 
@@ -26,6 +27,12 @@ inline CLI::Validator WholeNumber(std::int64_t least) {
   return {complaint, /*description in the help=*/std::string()};
 }
 
+// Of an option that narrows something: an empty text, from a variable of a shell that is not set, would not.
+inline CLI::Validator NotEmpty() {
+  auto const complaint = [](std::string& text) -> std::string { return text.empty() ? "it is empty" : ""; };
+  return {complaint, /*description in the help=*/std::string()};
+}
+
 }  // namespace fdo::tool
 
-#endif  // TOOLS_QUILLON_WHOLE_NUMBER_H_
+#endif  // TOOLS_QUILLON_OPTION_CHECKS_H_
