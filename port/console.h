@@ -9,8 +9,8 @@
 
 namespace fdo::port {
 
-// Makes the standard streams carry bytes as they are written, and a closed pipe a write error instead
-// of the end of the process.
+// Makes the standard streams carry bytes as they are written, and a closed pipe, or a file that may not grow, a
+// write error instead of the end of the process.
 void PrepareStandardStreams();
 
 bool IsTerminal(std::FILE* stream);

@@ -5,7 +5,10 @@
 
 namespace fdo::port {
 
-void PrepareStandardStreams() { signal(SIGPIPE, SIG_IGN); }
+void PrepareStandardStreams() {
+  signal(SIGPIPE, SIG_IGN);
+  signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is a write error, too
+}
 
 bool IsTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
 

@@ -11,6 +11,9 @@ namespace fdo::port {
 long long LiveAllocations();
 long long AllocationsSoFar();
 
+// Makes the nth allocation from now on fail, as when there is no memory; none for 0.
+void FailAllocation(long long n);
+
 }  // namespace fdo::port
 
 #endif  // PORT_LIVE_ALLOCATIONS_H_

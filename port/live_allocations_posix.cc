@@ -8,8 +8,10 @@ namespace {
 
 std::atomic<long long> live{0};
 std::atomic<long long> soFar{0};
+std::atomic<long long> untilFailure{0};
 
 void* Allocate(std::size_t size) {
+  if (untilFailure > 0 && --untilFailure == 0) throw std::bad_alloc();
   void* memory = std::malloc(size == 0 ? 1 : size);
   if (memory == nullptr) throw std::bad_alloc();
   ++live;
@@ -27,6 +29,7 @@ void Free(void* memory) {
 
 long long fdo::port::LiveAllocations() { return live; }
 long long fdo::port::AllocationsSoFar() { return soFar; }
+void fdo::port::FailAllocation(long long n) { untilFailure = n; }
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }

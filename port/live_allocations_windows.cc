@@ -12,8 +12,10 @@ namespace {
 
 std::atomic<long long> live{0};
 std::atomic<long long> soFar{0};
+std::atomic<long long> untilFailure{0};
 
 void* CountedMalloc(std::size_t size) {
+  if (untilFailure > 0 && --untilFailure == 0) return nullptr;
   void* const memory = std::malloc(size);
   if (memory == nullptr) return nullptr;
   ++live;
@@ -79,3 +81,4 @@ Counting const counting;
 
 long long fdo::port::LiveAllocations() { return live; }
 long long fdo::port::AllocationsSoFar() { return soFar; }
+void fdo::port::FailAllocation(long long n) { untilFailure = n; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <new>
 
 #include "port/file.h"
 #include "sdk/providers/sqlite/file_path.h"
@@ -243,7 +244,7 @@ FdoException* Database::Failure(int code, std::wstring const& doing) {
 
 void Database::Fail(int code, std::wstring const& doing) { throw Failure(code, doing); }
 
-void Database::TakeBack(PreparedPtr const& prepared) {
+void Database::TakeBack(PreparedPtr const& prepared) noexcept {
   auto const used = std::find(used_.begin(), used_.end(), prepared);
   std::swap(*used, used_.back());
   used_.pop_back();
@@ -253,7 +254,11 @@ void Database::TakeBack(PreparedPtr const& prepared) {
   }
   sqlite3_reset(prepared->handle);
   sqlite3_clear_bindings(prepared->handle);
-  idle_.emplace(prepared->sql, prepared);
+  try {
+    idle_.emplace(prepared->sql, prepared);
+  } catch (std::bad_alloc const&) {
+    Forget(prepared);  // and it is prepared anew next time
+  }
 }
 
 }  // namespace fdo_sqlite

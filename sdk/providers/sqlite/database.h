@@ -110,7 +110,7 @@ class Database {
   void Hold();
   void Unhold() noexcept;
   static void Forget(PreparedPtr const& prepared);
-  void TakeBack(PreparedPtr const& prepared);
+  void TakeBack(PreparedPtr const& prepared) noexcept;
 
   std::optional<GatheringVfs> vfs_;  // while open
   sqlite3* handle_ = nullptr;

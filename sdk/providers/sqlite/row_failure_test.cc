@@ -1,4 +1,6 @@
 // Commands on rows when SQLite fails.
+#include <new>
+
 #include "sdk/extensions/column_visits.h"
 #include "sdk/extensions/direct_insert.h"
 #include "sdk/providers/sqlite/failure_sweep.h"
@@ -195,6 +197,52 @@ TEST_F(RowFailure, AggregatesAnswerOrThrow) {
     return std::to_string(reader->GetInt64(L"Number")) + " " + std::to_string(reader->GetDouble(L"Middle")) +
            " " + std::to_string(box->GetCount());
   });
+}
+
+// Memory may run out in what ends statements and batches, too, which must not end the process.
+TEST_F(RowFailure, WithoutMemoryRowsAreWholeOrAbsent) {
+  auto const work = [this] {
+    FdoPtr<Connection> connection = store_.Open();
+    FdoPtr<FdoISelect> select = MakeSelectOf(connection, L"Places", L"Size > 1");
+    FdoPtr<FdoIFeatureReader> reader = select->Execute();
+    while (reader->ReadNext()) reader->GetString(L"Name");
+    reader->Close();
+    FdoPtr<FdoIdentifier> const name = FdoIdentifier::Create(L"Name");
+    FdoPtr<FdoIdentifierCollection>(select->GetPropertyNames())->Add(name);
+    std::wstring names;
+    NameVisitor visitor(names);
+    dynamic_cast<fdo_sdk::ColumnVisits&>(*select).VisitColumn(FdoDataType_String, visitor);
+    FdoPtr<FdoIInsert> insert = MakeInsertInto(connection, L"Places");
+    GiveText(insert, L"Name", L"'more'");
+    for (int i = 0; i < 2; ++i) FdoPtr<FdoIFeatureReader>(insert->Execute());
+    insert = nullptr;
+    connection->Close();
+  };
+  std::string const undone = store_.Rows(kNames);
+  work();
+  std::string const done = store_.Rows(kNames);
+  bool hasFailed = true;
+  int n = 0;
+  for (; hasFailed; ++n) {
+    BeginAgain();
+    hasFailed = false;
+    long long const before = fdo::port::LiveAllocations();
+    fdo::port::FailAllocation(n + 1);
+    try {
+      work();
+    } catch (std::bad_alloc const&) {
+      hasFailed = true;
+    } catch (FdoException* raised) {
+      FdoPtr<FdoException> const released(raised);
+      hasFailed = true;
+    }
+    fdo::port::FailAllocation(0);
+    EXPECT_EQ(fdo::port::LiveAllocations(), before) << n;
+    std::string const now = store_.Rows(kNames);
+    EXPECT_TRUE(now == undone || now == done) << n << ": " << now;
+    EXPECT_TRUE(hasFailed || now == done) << n;
+  }
+  EXPECT_GT(n, 50);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "sdk/providers/sqlite/write_batch.h"
 
+#include <new>
+
 namespace fdo_sqlite {
 
 void WriteBatch::Join(void const* owner) {
@@ -31,6 +33,9 @@ void WriteBatch::Leave(void const* owner) noexcept {
   } catch (FdoException* raised) {
     untold_ = raised;
     // The address may become that of another owner, who must not take this batch for its own.
+    owner_ = this;
+  } catch (std::bad_alloc const&) {
+    // Not settled yet: whoever comes next does it.
     owner_ = this;
   }
 }
