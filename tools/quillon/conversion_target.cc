@@ -32,8 +32,10 @@ TargetFormat TargetFormat::Choose(std::string const& target, std::string const& 
   if (!format.empty()) return {L"", Wide(format)};
   TargetFormat chosen{ProviderForPath(path.c_str()), L""};
   if (chosen.provider.empty()) chosen.driver = DatabaseOgr::DriverForPath(path.c_str());
-  if (chosen.provider.empty() && chosen.driver.empty()) throw UnknownFormat(target);
-  return chosen;
+  if (!chosen.provider.empty() || !chosen.driver.empty()) return chosen;
+  // Every GDAL writes GeoJSON.
+  bool const hasGdal = !DatabaseOgr::DriverForPath(L"any.geojson").empty();
+  throw hasGdal ? UnknownFormat(target) : GdalMissing(target);
 }
 
 ConversionTarget::ConversionTarget(std::string name, std::wstring path, TargetFormat const& format,

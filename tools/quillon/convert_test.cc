@@ -313,6 +313,15 @@ TEST_F(Convert, AFailureLeavesTheOldTarget) {
   EXPECT_THAT(Files(), testing::ElementsAre("a.gpx"));
 }
 
+TEST_F(Convert, WithoutGdalItIsTheOneThatIsMissed) {
+  ASSERT_EQ(RunConvert({Data("columbus.shp"), Scratch("a.sqlite")}).code, 0);
+  auto const result = RunShell("QUILLON_GDAL_LIBRARY=/missing \"$QUILLON\" convert " +
+                               Quoted(Scratch("a.sqlite")) + " " + Quoted(Scratch("b.gpkg")));
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr("b.gpkg can only be written by GDAL, which is not installed; "));
+  EXPECT_THAT(Files(), testing::ElementsAre("a.sqlite"));
+}
+
 TEST_F(Convert, AFolderIsNotOverwritten) {
   std::filesystem::create_directory(scratch_.Path() / "folder");
   WriteFile("folder/letter.txt", "of somebody else");

@@ -87,6 +87,12 @@ Failure ColumnTwice(std::string const& name) {
   return {ExitCode::kUsage, fmt::format("column \"{}\" is selected twice; name each column once", name)};
 }
 
+Failure GdalMissing(std::string const& target) {
+  return {ExitCode::kFailed,
+          fmt::format("{} can only be written by GDAL, which is not installed; a .sqlite file needs no GDAL",
+                      target)};
+}
+
 Failure UnknownFormat(std::string const& target) {
   return {ExitCode::kUsage, fmt::format("the name \"{}\" does not tell a format that can be written; name a "
                                         "GDAL driver with --format, such as --format GPKG",

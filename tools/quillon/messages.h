@@ -19,6 +19,7 @@ Failure NoSuchOption(std::string const& name);
 Failure NotUtf8(int argument);
 Failure BadBox(std::string const& text);
 Failure ColumnTwice(std::string const& name);
+Failure GdalMissing(std::string const& target);
 Failure UnknownFormat(std::string const& target);
 
 // --- Sources ----------------------------------------------------------------------------------
