@@ -124,7 +124,7 @@ Table* DatabaseOgr::DuplicateTable(Table* table) {
   auto* const original = dynamic_cast<TableOgr*>(table);
   if (original == nullptr || source_ == nullptr) return nullptr;
   if (source_->Created()) {
-    lastError_ = L"A new source cannot be read before it is closed";
+    lastError_ = TableOgr::kNewIsUnread;
     return nullptr;
   }
   GdalApi const& gdal = source_->Gdal();

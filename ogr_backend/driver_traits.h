@@ -27,33 +27,35 @@ struct DriverTraits {
   bool cutsHugeNumbers;
   // Once a scan has reached the end, the count of a layer without conditions is 0.
   bool losesCount;
+  // Starting to read a new file forgets the rows that were written to it, and it is closed without them.
+  bool losesRowsOfNewFile;
 };
 
 inline constexpr DriverTraits kDriverTraits[] = {
-    // name, filters, losesM noGeom emptyParts oneDim firstRow cuts losesCount
-    {"CSV", FilterLanguage::kGdal, false, false, false, false, false, false, true},
-    {"DXF", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"ESRI Shapefile", FilterLanguage::kGdal, false, false, true, true, true, true, false},
-    {"ESRIJSON", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"FlatGeobuf", FilterLanguage::kGdal, false, true, true, true, false, false, false},
-    {"GML", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"GPKG", FilterLanguage::kSqlite, false, false, false, false, false, false, false},
-    {"GPX", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"GeoJSON", FilterLanguage::kGdal, true, false, true, false, false, false, false},
-    {"GeoJSONSeq", FilterLanguage::kGdal, true, false, true, false, false, false, false},
-    {"KML", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"LIBKML", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"MapInfo File", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"Memory", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"ODS", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"OpenFileGDB", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"PostgreSQL", FilterLanguage::kPostgreSql, false, false, false, false, false, false, false},
-    {"SQLite", FilterLanguage::kSqlite, false, false, false, false, false, false, false},
-    {"TopoJSON", FilterLanguage::kGdal, false, false, false, false, false, false, false},
-    {"XLSX", FilterLanguage::kGdal, false, false, false, false, false, false, false},
+    // name, filters, losesM noGeom emptyParts oneDim firstRow cuts losesCount newFile
+    {"CSV", FilterLanguage::kGdal, false, false, false, false, false, false, true, false},
+    {"DXF", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"ESRI Shapefile", FilterLanguage::kGdal, false, false, true, true, true, true, false, false},
+    {"ESRIJSON", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"FlatGeobuf", FilterLanguage::kGdal, false, true, true, true, false, false, false, true},
+    {"GML", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"GPKG", FilterLanguage::kSqlite, false, false, false, false, false, false, false, false},
+    {"GPX", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"GeoJSON", FilterLanguage::kGdal, true, false, true, false, false, false, false, false},
+    {"GeoJSONSeq", FilterLanguage::kGdal, true, false, true, false, false, false, false, false},
+    {"KML", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"LIBKML", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"MapInfo File", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"Memory", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"ODS", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"OpenFileGDB", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"PostgreSQL", FilterLanguage::kPostgreSql, false, false, false, false, false, false, false, false},
+    {"SQLite", FilterLanguage::kSqlite, false, false, false, false, false, false, false, false},
+    {"TopoJSON", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
+    {"XLSX", FilterLanguage::kGdal, false, false, false, false, false, false, false, false},
 };
 inline constexpr DriverTraits kOtherDrivers = {
-    "", FilterLanguage::kUnknown, false, false, false, false, false, false, false};
+    "", FilterLanguage::kUnknown, false, false, false, false, false, false, false, false};
 
 inline DriverTraits const& TraitsOf(char const* driver) {
   for (DriverTraits const& traits : kDriverTraits) {

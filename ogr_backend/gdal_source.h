@@ -43,6 +43,8 @@ class GdalSource {
   bool ReadOnly() const { return readOnly_; }
   // Whether it was created, not opened; such a source cannot be opened a second time until it is closed.
   bool Created() const { return created_; }
+  // Whether reading it, be it only to measure or to reset it, would lose the rows that it was given.
+  bool MustNotBeRead() const { return created_ && traits_.losesRowsOfNewFile; }
 
   // Makes the new source anew, for geometries with those ordinates; null when that fails.
   using Remake = std::function<GdalDatasetH(bool z, bool m)>;

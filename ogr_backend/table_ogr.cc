@@ -9,7 +9,6 @@
 #include "access/boundary.h"
 #include "access/diagnostics.h"
 #include "ogr_backend/column_types.h"
-#include "ogr_backend/geometry_needs.h"
 #include "values/number_text.h"
 
 namespace fdo::internal {
@@ -17,6 +16,7 @@ namespace {
 
 constexpr __int64 kLeastId = std::numeric_limits<__int64>::min();
 constexpr __int64 kGreatestId = std::numeric_limits<__int64>::max();
+constexpr __int64 kUnknownCount = -1;
 
 // Ranges up to this length are read id by id where the format finds a feature by its id.
 constexpr __int64 kLongestLookUp = 1000;
@@ -58,97 +58,6 @@ void TableOgr::Remember(GdalErrorScope const& scope) {
 void TableOgr::Refuse(wchar_t const* reason) {
   lastError_ = std::wstring(L"GDAL cannot run the filter: ") + reason;
   ReportError(lastError_.c_str());
-}
-
-// --- Writing -----------------------------------------------------------------------------------
-
-FeatureWriter& TableOgr::Writer() {
-  if (!writer_) writer_.emplace(gdal_, source_.Traits(), layer_, *def_);
-  return *writer_;
-}
-
-void TableOgr::FitToFirstRow(Row const& row) {
-  Value const& cell = row[kGeometryColumn];
-  unsigned char const* const fgf = cell.AsBlob();
-  if (fgf == nullptr || cell.BlobLen() <= 0) return;
-  GeometryNeeds needs;
-  try {
-    VisitFgf(fgf, fgf + cell.BlobLen(), needs);
-  } catch (FdoException* raised) {
-    FdoPtr<FdoException> const broken(raised);  // which is for the writer to refuse
-    return;
-  }
-  if (needs.IsEmpty()) return;
-  bool const fits = source_.FitTo(needs.Z(), needs.M());
-  layer_ = fits ? gdal_.GDALDatasetGetLayer(source_.Dataset(), layerIndex_) : nullptr;
-  writer_.reset();
-}
-
-bool TableOgr::Insert(Row const& row, __int64* newId, bool storeMakesId) {
-  if (newId != nullptr) *newId = 0;
-  return AtBoundary(false, [&] {
-    GdalErrorScope scope(gdal_);
-    if (source_.AwaitsFirstRow()) FitToFirstRow(row);
-    if (layer_ == nullptr) {
-      Remember(scope);
-      return false;
-    }
-    std::string refusal;
-    OgrFeatureH const feature = Writer().Write(row, source_.KeepsNullNumbers(), refusal);
-    if (feature == nullptr) {
-      lastError_ = ToWide(refusal.c_str());
-      return false;
-    }
-    if (storeMakesId) gdal_.OGR_F_SetFID(feature, kOgrNullFid);
-    bool const done = gdal_.OGR_L_CreateFeature(layer_, feature) == kOgrErrNone;
-    __int64 const id = gdal_.OGR_F_GetFID(feature);
-    gdal_.OGR_F_Destroy(feature);
-    if (!done) Remember(scope);
-    if (done && newId != nullptr && id != kOgrNullFid) *newId = id;
-    return done;
-  });
-}
-
-__int64 TableOgr::Update(Row const& row, FdoFilter* /*filter*/) {
-  constexpr __int64 kFailed = -1;
-  return AtBoundary(kFailed, [&] {
-    GdalErrorScope scope(gdal_);
-    std::string refusal;
-    OgrFeatureH const feature = Writer().Write(row, source_.KeepsNullNumbers(), refusal);
-    if (feature == nullptr) {
-      lastError_ = ToWide(refusal.c_str());
-      return kFailed;
-    }
-    bool const done = gdal_.OGR_L_SetFeature(layer_, feature) == kOgrErrNone;
-    gdal_.OGR_F_Destroy(feature);
-    if (!done) Remember(scope);
-    return done ? std::int64_t{1} : kFailed;
-  });
-}
-
-bool TableOgr::Update(Row const& /*row*/, __int64 /*id*/) { return false; }
-
-// Nothing is handled here, so this ends the process.
-__int64 TableOgr::Delete(FdoFilter* /*filter*/) { throw; }
-
-bool TableOgr::Delete(__int64 id) {
-  GdalErrorScope scope(gdal_);
-  bool const done = gdal_.OGR_L_DeleteFeature(layer_, id) == kOgrErrNone;
-  if (!done) Remember(scope);
-  return done;
-}
-
-void TableOgr::BeginWrite() {
-  GdalErrorScope scope(gdal_);
-  source_.BeginBatch();
-}
-
-void TableOgr::CommitWrite() {
-  GdalErrorScope scope(gdal_);
-  if (source_.CommitBatch()) return;
-  // There is no result to tell it by, and rows that were reported as written are lost.
-  Remember(scope);
-  ReportError((L"The writes could not be committed: " + lastError_).c_str());
 }
 
 // --- Starting a query --------------------------------------------------------------------------
@@ -202,6 +111,7 @@ bool TableOgr::SetCondition(std::string const* condition) {
 
 // Null lifts the box.
 void TableOgr::SetBox(double const* box) {
+  if (source_.MustNotBeRead()) return;
   hasBox_ = box != nullptr;
   if (box == nullptr) {
     gdal_.OGR_L_SetSpatialFilter(layer_, nullptr);
@@ -263,10 +173,19 @@ void TableOgr::NarrowForFilter() {
   narrowed_ = narrow;
 }
 
+// Gives: false, with one line, where reading would do harm.
+bool TableOgr::MayRead() {
+  if (!source_.MustNotBeRead()) return true;
+  lastError_ = kNewIsUnread;
+  ReportError(kNewIsUnread);
+  return false;
+}
+
 // Puts filter, desired columns and, as it stands, the box in force, and ends what ran before.
-// Gives: false when the filter is refused; that has been reported.
+// Gives: false when the filter is refused or the source must not be read; that has been reported.
 bool TableOgr::StartQuery(FdoFilter* filter) {
   StopReading();
+  if (!MayRead()) return false;
   rowFilter_.reset();
   first_ = kLeastId;
   last_ = kGreatestId;
@@ -339,6 +258,7 @@ void TableOgr::QueryRange(__int64 first, __int64 last) {
 
 Row const* TableOgr::Query(__int64 id) {
   StopReading();
+  if (!MayRead()) return nullptr;
   return AtBoundary(static_cast<Row const*>(nullptr), [&]() -> Row const* {
     GdalErrorScope scope(gdal_);
     ApplyDesiredFields(nullptr);
@@ -349,6 +269,7 @@ Row const* TableOgr::Query(__int64 id) {
 
 void TableOgr::EndQuery() {
   StopReading();
+  if (source_.MustNotBeRead()) return;
   GdalErrorScope scope(gdal_);
   gdal_.OGR_L_ResetReading(layer_);
 }
@@ -437,14 +358,17 @@ void TableOgr::FetchCurrentValue(Value& cell, int /*column*/) const {
 // --- Counting and measuring --------------------------------------------------------------------
 
 bool TableOgr::IsEmpty(FdoFilter* filter) {
-  __int64 const count = GetRowCount(filter, /*allowScan=*/false);
-  if (count >= 0) return count == 0;
-  // Not every format knows its count, and none when there is a condition: one row tells as much.
   std::vector<bool> const desired = std::exchange(desired_, std::vector<bool>(desired_.size(), false));
   bool empty = true;
   if (StartQuery(filter)) {
-    scan_ = Scan::kLayer;
-    empty = Next() == nullptr;
+    __int64 const count = CountStarted(/*allowScan=*/false);
+    if (count >= 0) {
+      empty = count == 0;
+    } else {
+      // Not every format knows its count, and none when there is a condition: one row tells as much.
+      scan_ = Scan::kLayer;
+      empty = Next() == nullptr;
+    }
   }
   EndQuery();
   desired_ = desired;
@@ -452,10 +376,12 @@ bool TableOgr::IsEmpty(FdoFilter* filter) {
 }
 
 __int64 TableOgr::GetRowCount(FdoFilter* filter, bool allowScan) {
-  constexpr __int64 kUnknown = -1;
-  if (!StartQuery(filter)) return kUnknown;
+  return StartQuery(filter) ? CountStarted(allowScan) : kUnknownCount;
+}
+
+__int64 TableOgr::CountStarted(bool allowScan) {
   GdalErrorScope scope(gdal_);
-  if (source_.Traits().losesCount || rowFilter_ != nullptr) return allowScan ? CountByScan() : kUnknown;
+  if (source_.Traits().losesCount || rowFilter_ != nullptr) return allowScan ? CountByScan() : kUnknownCount;
   __int64 const count = gdal_.OGR_L_GetFeatureCount(layer_, allowScan ? 1 : 0);
   if (count < 0 && scope.Failed()) {
     Remember(scope);
@@ -471,12 +397,14 @@ __int64 TableOgr::CountByScan() {
   // A filter that failed has ended the scan; half a count is none.
   bool const failed = scan_ == Scan::kNone;
   StopReading();
-  return failed ? -1 : count;
+  return failed ? kUnknownCount : count;
 }
 
 void TableOgr::GetExtent(double* const box, FdoFilter* filter) {
   if (filter != nullptr) return Table::GetExtent(box, filter);
   StopReading();
+  std::fill_n(box, 4, 0.0);
+  if (!MayRead()) return;
   GdalErrorScope scope(gdal_);
   // A driver that scans for the extent does so under the filters that are set.
   bool const hadBox = hasBox_;

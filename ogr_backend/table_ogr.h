@@ -29,6 +29,8 @@ class TableOgr : public Table {
   // A duplicate, with a source of its own.
   TableOgr(std::unique_ptr<GdalSource> source, int layer, TableDef const& def, std::wstring& lastError);
 
+  static constexpr wchar_t const* kNewIsUnread = L"A new source cannot be read before it is closed";
+
   int LayerIndex() const { return layerIndex_; }
 
   // See DatabaseOgr::ExplainFilter.
@@ -77,6 +79,7 @@ class TableOgr : public Table {
     std::unique_ptr<RowFilter> rows;
   };
 
+  bool MayRead();
   bool StartQuery(FdoFilter* filter);
   TakenFilter Take(FdoFilter* filter) const;
   bool PutInForce(FdoFilter* filter, FilterSql& sql);
@@ -89,6 +92,8 @@ class TableOgr : public Table {
   bool FetchAhead();
   void StopReading();
   Row const* Show(OgrFeatureH feature);
+  // Of the query that was started.
+  __int64 CountStarted(bool allowScan);
   __int64 CountByScan();
   FilterTarget Target() const;
   FeatureWriter& Writer();

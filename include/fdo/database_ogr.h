@@ -46,6 +46,9 @@ struct FilterPlan {
 //   with a filter keeps it, too. Query() and QueryRange drop it. Which rows meet a box is GDAL's
 //   matter: those whose geometry does, not only its envelope.
 // - GetRowCount, IsEmpty and GetExtent end the running query.
+// - In many formats a write makes the running query begin anew, so that Next shows rows again that it has
+//   shown, new ones among them: an insert for each row that is shown may never come to an end. End the query
+//   first, or read through a duplicate.
 // - A filter means what it means to an ExprEval with ExprOptions::AsInSql, in every format. GDAL runs what
 //   has that meaning to it: comparisons of numbers and the test for null in most formats, of text and LIKE
 //   too where the format is a SQLite file. Where that is not the whole filter, the table computes it for each
@@ -101,7 +104,8 @@ class QUILLON_EXPORT DatabaseOgr : public Database {
 
   // Creates a data source with the tables of def and leaves it open for inserting; what was open before
   // is closed. Formats that are written in one go cannot be read, or written to again, before it is
-  // closed. driver is GDAL's short name; null or "" is the one for the path's extension.
+  // closed: queries give no rows, those of FlatGeobuf with a diagnostic line. driver is GDAL's short name;
+  // null or "" is the one for the path's extension.
   //
   // The identity column, when it is an integer, and the main geometry become the layer's own; the other
   // columns become fields in their order, of the type that comes nearest. So Def() afterwards has the
