@@ -54,7 +54,7 @@ void Configure(FdoIConnection& connection, wchar_t const* configuration) {
 }  // namespace
 
 wchar_t const* ProviderOfExtension(wchar_t const* path) {
-  wchar_t const* const period = std::wcsrchr(path, L'.');
+  wchar_t const* const period = path == nullptr ? nullptr : std::wcsrchr(path, L'.');
   wchar_t const* const extension = period == nullptr ? L"" : period;
   for (FileExtension const& row : kFileExtensions) {
     if (EqualIgnoringCase(extension, row.extension)) return row.provider;

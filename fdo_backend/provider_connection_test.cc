@@ -79,6 +79,7 @@ TEST(ProviderFromFileExtension, EveryRow) {
 }
 
 TEST(ProviderFromFileExtension, AnythingElseIsADiagnosticLine) {
+  EXPECT_EQ(ProviderOfExtension(nullptr), nullptr);
   for (wchar_t const* path : {L"", L"file", L"dir.old\\file", L"dir.sdf/file", L"a.gpkg", L"a.sdf ", L"a.sd",
                               L"a.", L"sdf", L"a.sqlite.bak"}) {
     CapturedDiagnostics const diagnostics;

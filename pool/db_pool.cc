@@ -60,12 +60,13 @@ std::wstring ProviderOf(Database const& database, ConnectionRequest const& reque
 std::unique_ptr<Database> TryBackEnds(ConnectionRequest const& request) {
   std::vector<ConnectAttempt> attempts;
   std::unique_ptr<Database> made;
+  wchar_t const* const source = request.source == nullptr ? L"" : request.source;  // no back end takes null
   for (BackEnd const& backEnd : kBackEnds) {
     std::unique_ptr<Database> database = backEnd.make();
     for (bool const readOnly : {false, true}) {
       if (request.forReading && backEnd.opensForUpdate && !readOnly) continue;
       DiagnosticWatch const watch;
-      if (database->Connect(request.source, request.provider, request.configuration, readOnly,
+      if (database->Connect(source, request.provider, request.configuration, readOnly,
                             request.loadSchema || backEnd.alwaysLoadsSchema)) {
         made = std::move(database);
         break;

@@ -108,6 +108,14 @@ TEST_F(DbPoolTest, WhatCannotBeOpenedTellsWhatWasTried) {
   EXPECT_THAT(DbPool::LastAttempts(), IsEmpty());
 }
 
+TEST_F(DbPoolTest, NoSourceIsTheEmptySourceWhichNothingOpens) {
+  EXPECT_THAT(DbPool::GetConnection(nullptr), IsNull());
+  EXPECT_EQ(DbPool::LastAttempts().size(), 4u);
+  EXPECT_THAT(DbPool::CreateConnection(nullptr, nullptr, nullptr, true), IsNull());
+  EXPECT_THAT(DbPool::GetConnectionForReading(nullptr, L"OSGeo.SQLite", nullptr, true), IsNull());
+  DbPool::Invalidate(nullptr);
+}
+
 TEST_F(DbPoolTest, AConnectionFromCreateConnectionIsNotThePools) {
   PoolCounters const before = DbPool::Counters();
   DbPool::DestroyConnection(DbPool::CreateConnection(path_.c_str(), nullptr, nullptr, false));

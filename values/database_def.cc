@@ -40,7 +40,7 @@ void DatabaseDef::Cleanup() {
 }
 
 int DatabaseDef::IndexOf(wchar_t const* name) const {
-  if (count_ == 0) return -1;
+  if (count_ == 0 || name == nullptr) return -1;
   wchar_t const* const colon = std::wcschr(name, L':');
   if (colon == nullptr) return index_->Find(name);
 

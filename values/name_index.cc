@@ -45,6 +45,7 @@ std::size_t NameIndex::Search(std::size_t begin, std::size_t end, wchar_t const*
 }
 
 int NameIndex::Find(wchar_t const* name) const {
+  if (name == nullptr) return -1;
   std::size_t const bucket = BucketOf(name);
   std::size_t const begin = starts_[bucket];
   std::size_t const end = starts_[bucket + 1];

@@ -27,7 +27,7 @@ class NameIndex {
     Arrange();
   }
 
-  // The position of that very name, or -1.
+  // The position of that very name, or -1; null is no name.
   int Find(wchar_t const* name) const;
 
  private:

@@ -284,6 +284,20 @@ TEST(DatabaseDef, QualifiedNamesTellSchemasApart) {
   }
 }
 
+TEST(SchemaNames, NullIsNoName) {
+  CoordSysDef systems;
+  CoordSys const system(L"", L"", L"");
+  systems.Initialize(&system, 1);
+  EXPECT_EQ(-1, systems.IndexOf(nullptr));
+  EXPECT_EQ(nullptr, systems[static_cast<wchar_t const*>(nullptr)]);
+  DatabaseDef def;
+  Fill(def, L"s", {TableOf(L"s", L"t", {Column(L"")})});
+  EXPECT_EQ(-1, def.IndexOf(nullptr));
+  EXPECT_EQ(nullptr, def[static_cast<wchar_t const*>(nullptr)]);
+  EXPECT_EQ(-1, def[0].IndexOf(nullptr));
+  EXPECT_EQ(nullptr, def[0][static_cast<wchar_t const*>(nullptr)]);
+}
+
 TEST(DatabaseDef, CopiesOwnTheirTables) {
   DatabaseDef source;
   Fill(source, L"schema", {TableOf(L"s", L"a", {Column(L"x")}), TableOf(L"s", L"b")});

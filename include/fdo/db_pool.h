@@ -47,7 +47,7 @@ struct PoolHolder {
 //   if (!parcels) ...
 //
 // Two requests mean the same connection when source, provider and configuration are the same texts; null
-// and "" are the same, and letter case counts.
+// and "" are the same (no back end opens the source ""), and letter case counts.
 // Deliberate: a configuration without a provider cannot be told from a provider without a configuration,
 // since the empty part leaves no mark in the key (ConnectionPoolTest.EmptyPartsLeaveNoMark).
 //

@@ -21,8 +21,8 @@ struct KnownProvider {
 // Threads: any.
 QUILLON_EXPORT std::vector<KnownProvider> KnownProviders();
 
-// The provider that is asked for files with the extension of that path; "" when none is. Whether it can be
-// used is another question. Threads: any.
+// The provider that is asked for files with the extension of that path, in any case of letters; "" when none
+// is, and for null. Whether it can be used is another question. Threads: any.
 QUILLON_EXPORT std::wstring ProviderForPath(wchar_t const* path);
 
 }  // namespace fdo

@@ -3,7 +3,7 @@
 //
 // Names are wide text, compared exactly, case included. Accessors lend pointers into the object that
 // stay valid until it is next initialized, copied into, cleaned up or destroyed. Nothing here reports
-// an error: unknown names give -1 or null, positions are not checked. A definition is built whole and
+// an error: unknown names, null among them, give -1 or null, positions are not checked. A definition is built whole and
 // replaced whole; there is no way to add a single column or table.
 // Threads: look-ups by name remember the last hit, so even const use must not be shared.
 #ifndef FDO_SCHEMA_H_
