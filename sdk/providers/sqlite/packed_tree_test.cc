@@ -54,7 +54,7 @@ Rows Find(TreeNodes& tree, FgfBox const& box) {
 // Sizes around one and several full nodes and levels.
 TEST(PackedTree, FindsWhatAScanFinds) {
   std::mt19937 random(1);
-  for (std::size_t count : {1, 2, 101, 102, 168, 169, 1000, 10201, 10202, 40000}) {
+  for (std::size_t count : {1u, 2u, 101u, 102u, 168u, 169u, 1000u, 10201u, 10202u, 40000u}) {
     for (double largest : {0.0, 5.0}) {
       std::vector<RowBox> const boxes = RandomBoxes(random, count, largest);
       std::vector<RowBox> built = boxes;

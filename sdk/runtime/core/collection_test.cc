@@ -72,7 +72,8 @@ TEST(Ptr, RawPointersAreTakenOverAndCopiesAddAReference) {
     EXPECT_EQ(Counted::alive, 2);
     second = first;
     EXPECT_EQ(Counted::alive, 1);
-    second = second;
+    FdoPtr<Counted> const& itself = second;
+    second = itself;
     EXPECT_EQ(first.p->GetRefCount(), 3);
     second.Release();
     EXPECT_TRUE(!second);

@@ -21,7 +21,8 @@ TEST(StringP, CopiesShareAndAllIsGivenBack) {
     auto* attached = new wchar_t[2]{L'x', 0};
     FdoStringP const taken(attached, true);
     EXPECT_STREQ(taken, L"x");
-    first = first;
+    FdoStringP const& itself = first;
+    first = itself;
     EXPECT_EQ(first.GetLength(), 42u);
     EXPECT_GT(fdo::port::LiveAllocations(), before) << "what the SDK's library takes is counted";
   }
