@@ -23,8 +23,9 @@ run("${moved}/bin/quillon" info "${WORK_DIR}/places.sqlite")
 set(ENV{PKG_CONFIG_PATH} "${moved}/${LIBDIR}/pkgconfig")
 run(pkg-config --cflags --libs quillon)
 separate_arguments(flags UNIX_COMMAND "${output}")
-run("${CXX}" -std=c++17 "${EXAMPLES_DIR}/read_layer.cc" -o "${WORK_DIR}/read_layer" ${flags}
-    "-Wl,-rpath,${moved}/${LIBDIR}")
+# Nothing in the headers is to trouble those who want to hear of everything.
+run("${CXX}" -std=c++17 -Wall -Wextra -Wpedantic -Wconversion -Werror
+    "${EXAMPLES_DIR}/read_layer.cc" -o "${WORK_DIR}/read_layer" ${flags} "-Wl,-rpath,${moved}/${LIBDIR}")
 run("${WORK_DIR}/read_layer" "${INPUT}" "pop > 200000000")
 
 if(NOT output STREQUAL from_package OR NOT output MATCHES "China")
