@@ -1,3 +1,4 @@
+#include <fdo/database_fdo.h>
 #include <fdo/db_pool.h>
 #include <fdo/scroller.h>
 
@@ -114,6 +115,17 @@ TEST_F(DbPoolTest, NoSourceIsTheEmptySourceWhichNothingOpens) {
   EXPECT_THAT(DbPool::CreateConnection(nullptr, nullptr, nullptr, true), IsNull());
   EXPECT_THAT(DbPool::GetConnectionForReading(nullptr, L"OSGeo.SQLite", nullptr, true), IsNull());
   DbPool::Invalidate(nullptr);
+}
+
+TEST_F(DbPoolTest, AConnectionKeepsTheSchemaItWasMadeWith) {
+  std::wstring const store = scratch_.File("store.sqlite");
+  ASSERT_TRUE(DatabaseFdo::Create(store.c_str(), nullptr));
+  DbHandle const bare(DbPool::GetConnection(store.c_str(), nullptr, nullptr, /*loadSchema=*/false));
+  ASSERT_FALSE(!bare);
+  EXPECT_THAT(bare->Def(), IsNull());
+  DbHandle const again(DbPool::GetConnection(store.c_str(), nullptr, nullptr, /*loadSchema=*/true));
+  EXPECT_EQ(static_cast<Database*>(again), static_cast<Database*>(bare));
+  EXPECT_THAT(again->Def(), IsNull());
 }
 
 TEST_F(DbPoolTest, AConnectionFromCreateConnectionIsNotThePools) {

@@ -131,8 +131,11 @@ Row const* MemoryTable::Query(__int64 id) {
 
 void MemoryTable::Query(double const* const box, FdoFilter* filter) {
   Called(filter == nullptr ? "Query box" : "Query box filter");
+  double const corners[] = {std::min(box[0], box[2]), std::min(box[1], box[3]), std::max(box[0], box[2]),
+                            std::max(box[1], box[3])};
   auto const geometry = static_cast<std::size_t>(def_->IndexOfGeom());
-  Start([&](Cells const& cells) { return GeometryMeets(cells[geometry], box) && Matches(filter, cells); });
+  Start(
+      [&](Cells const& cells) { return GeometryMeets(cells[geometry], corners) && Matches(filter, cells); });
 }
 
 void MemoryTable::Query() { Query(nullptr, nullptr, true); }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <map>
 #include <set>
 #include <stdexcept>
@@ -193,6 +194,26 @@ TEST_P(TableContract, ABoxMeetsADiagonalByEnvelopeOrGeometry) {
   double const corner[] = {7, 1, 9, 3};
   Town().Query(corner, nullptr);
   EXPECT_THAT(Rest(), SizeIs(GetParam().boxMeetsEnvelope ? 1 : 0));
+}
+
+// So the inverted box of an extent without geometries is everywhere.
+TEST_P(TableContract, ABoxIsTwoOppositeCornersInAnyOrder) {
+  Make(RandomContractRows());
+  Town().Query(kBox, nullptr);
+  std::vector<ScannedRow> const inside = Rest();
+  ASSERT_FALSE(inside.empty());
+  double const flippedX[] = {kBox[2], kBox[1], kBox[0], kBox[3]};
+  double const inverted[] = {kBox[2], kBox[3], kBox[0], kBox[1]};
+  for (double const* box : {flippedX, inverted}) {
+    Town().Query(box, nullptr);
+    EXPECT_THAT(Rest(), ElementsAreArray(inside));
+  }
+  double const most = std::numeric_limits<double>::max();
+  double const empty[] = {most, most, -most, -most};
+  std::vector<ScannedRow> const placed =
+      AllWhere([](ScannedRow const& row) { return row.box[0] <= row.box[2]; });
+  Town().Query(empty, nullptr);
+  EXPECT_THAT(Rest(), ElementsAreArray(placed));
 }
 
 TEST_P(TableContract, AFilterAfterABox) {

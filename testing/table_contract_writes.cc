@@ -39,6 +39,24 @@ TEST_P(TableContract, AnInsertedRowReadsBack) {
   EXPECT_THAT(All(), SizeIs(before.size() + 2));
 }
 
+TEST_P(TableContract, ATableTakesTheRowThatItShows) {
+  if (!GetParam().writes) GTEST_SKIP() << kNoWrites;
+  Make({kNew, {1, L"other", 1.0, "LINESTRING (5 5, 6 6)"}}, Access::kWrite);
+  std::vector<ScannedRow> const before = All();
+  auto const shown =
+      std::find_if(before.begin(), before.end(), [](auto const& row) { return row.n == kNew.n; });
+  Row const* const row = Town().Query(shown->id);
+  ASSERT_NE(row, nullptr);
+  __int64 id = -5;
+  ASSERT_TRUE(Town().Insert(*row, &id, /*storeMakesId=*/true));
+  EXPECT_EQ(Town().Next(), nullptr) << "a query by identity has one row";
+  EXPECT_NE(id, shown->id);
+  Row const* const found = Town().Query(id);
+  ASSERT_NE(found, nullptr);
+  ExpectNew(Scanned(*found));
+  EXPECT_THAT(All(), SizeIs(3));
+}
+
 TEST_P(TableContract, DeleteByIdRemovesExactlyThatRow) {
   if (!GetParam().writes) GTEST_SKIP() << kNoWrites;
   Make(RandomContractRows(), Access::kWrite);

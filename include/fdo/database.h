@@ -23,6 +23,8 @@ class QUILLON_EXPORT Database {
   // Errors: false; the connection is closed.
   virtual bool Connect(wchar_t const* source, wchar_t const* provider, wchar_t const* configuration,
                        bool readOnly, bool loadSchema) = 0;
+  // Closes the connection, if there is one, and destroys tables and schema; ConnectionString and
+  // ProviderName stay what they were.
   virtual void Disconnect() = 0;
   // Makes the store's schema that of the definition.
   // Errors: false.
@@ -34,9 +36,11 @@ class QUILLON_EXPORT Database {
   // Requires: table came from DuplicateTable of this Database, or is null
   virtual void DestroyTable(Table* table) = 0;
 
-  // The key under which a pool keeps this connection.
+  // Borrowed, all three: until the next Connect or SetConnId.
+  // The key under which a pool keeps this connection; not what it was opened with.
   wchar_t const* ConnId() const { return connId_.c_str(); }
   void SetConnId(wchar_t const* connId) { connId_ = connId == nullptr ? L"" : connId; }
+  // What serves the connection, and what it was opened with, in the back end's words; "" before the first.
   wchar_t const* ProviderName() const { return providerName_.c_str(); }
   wchar_t const* ConnectionString() const { return connectionString_.c_str(); }
 

@@ -51,7 +51,9 @@ struct PoolHolder {
 // Deliberate: a configuration without a provider cannot be told from a provider without a configuration,
 // since the empty part leaves no mark in the key (ConnectionPoolTest.EmptyPartsLeaveNoMark).
 //
-// An idle connection is handed out as it is: it is not checked, opened anew or closed with age.
+// A connection that exists is handed out as it is: it is not checked, opened anew or closed with age, and
+// loadSchema is for new ones only (DbPoolTest.AConnectionKeepsTheSchemaItWasMadeWith). Attempts that fail
+// report their diagnostic lines even when a later one succeeds.
 //
 // Ownership: the pool owns idle connections, until CloseAllFreeConnections, CloseIdleConnections or
 // Invalidate closes them; they are not closed at the end of the process.

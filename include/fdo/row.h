@@ -26,7 +26,9 @@ class QUILLON_EXPORT Row {
   // A bound row over the table's definition.
   // Borrowed: the table must outlive the row.
   explicit Row(Table const* table);
-  // A free-standing copy, see CopyFrom.
+  // A free-standing copy, see CopyFrom. It owns its cells.
+  // Borrowed: other's definition, which must outlive the copy, too: that of a table lives until its Database
+  // clears the schema.
   Row(Row const& other);
   Row& operator=(Row const& other);
   ~Row();

@@ -25,6 +25,9 @@ class CellVisitor;
 // A null filter means no condition; the caller keeps its reference. Cells that hold text or bytes may
 // be borrowed from the back end and are good until the next call of Next.
 //
+// What a write does to a query that runs is the back end's matter, and so is whether CommitWrite is needed
+// for others to see it; without one what was written is kept all the same when the Database disconnects.
+//
 // Ownership: a Database owns its tables and their definitions.
 // Errors: each back end reports through the results documented here and a diagnostic line, or as its
 // own header says.
@@ -35,6 +38,9 @@ class QUILLON_EXPORT Table {
 
   TableDef const* Def() const { return def_; }
 
+  // A row to be written may be one that shows a table's current record, of this table or another.
+  // Requires: it has the columns of Def(), in their order.
+  //
   // Writes the row as a new record. With storeMakesId the store chooses the identity, whatever the row
   // holds. newId, unless null, receives the identity, 0 when it is not known.
   // Errors: false.
@@ -53,10 +59,13 @@ class QUILLON_EXPORT Table {
   // Records that match, ordered by one column where the back end can order; a null orderBy means as
   // they come.
   virtual void Query(FdoFilter* filter, wchar_t const* orderBy, bool ascending) = 0;
-  // The one record of that identity, or null.
+  // The one record of that identity, or null; Next then gives null.
+  // Borrowed: as from Next.
   virtual Row const* Query(__int64 id) = 0;
   // Records whose geometry's envelope meets the box and that match.
-  // Units: minX, minY, maxX, maxY.
+  // Units: minX, minY, maxX, maxY; corners in another order mean the same box, so that the inverted box of
+  // nothing is everywhere (TableContract.ABoxIsTwoOppositeCornersInAnyOrder).
+  // Requires: box is not null.
   virtual void Query(double const* const box, FdoFilter* filter) = 0;
   virtual void Query() = 0;
   // Records with first <= identity < last.
@@ -101,7 +110,7 @@ class QUILLON_EXPORT Table {
   // The next record of the running query, or null at its end.
   // Borrowed: until the next call of Next or EndQuery; it is the same Row each time.
   virtual Row const* Next() = 0;
-  // The row that shows the current record.
+  // The row that shows the current record; without one its cells are undefined or what they were.
   virtual Row const& At() = 0;
 
   // Restricts what later queries fetch to the columns whose flag is set; no flag set, a null pointer
