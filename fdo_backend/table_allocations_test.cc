@@ -2,6 +2,7 @@
 #include <fdo/database_fdo.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,23 @@ TEST_F(TableFdoAllocations, AScanAllocatesNoMoreThanItsReader) {
     }
     EXPECT_EQ(more[0], more[1]) << (desired ? "desired" : "lazy");
   }
+}
+
+TEST_F(TableFdoAllocations, DesiredFieldsForWhichThereIsNoMemoryChangeNothing) {
+  Fill(2);
+  int const columns[] = {0, 1};
+  int n = 0;
+  for (bool failed = true; failed;) {
+    fdo::port::FailAllocation(++n);
+    try {
+      Parcels().SetDesiredFields(columns, 2);
+    } catch (std::bad_alloc const&) {
+    }
+    failed = fdo::port::FailAllocation(0);
+    Parcels().Query();
+    EXPECT_EQ((*Parcels().Next())[4].IsValid(), failed) << n;
+  }
+  EXPECT_GT(n, 2);
 }
 
 TEST_F(TableFdoAllocations, AnUnreadRowCostsNothing) {

@@ -82,14 +82,18 @@ QUILLON_NEVER_INLINE void TableFdo::ConvertPublished(Value& cell, int column) co
 }
 
 void TableFdo::SetDesiredFields(int const* columns, int count) {
-  desired_ = DesiredFields();
-  if (columns == nullptr || count == 0) return;
-  auto const columnCount = static_cast<std::size_t>(def_->ColumnCount());
-  desired_.positions.assign(columnCount, -1);
-  for (int k = 0; k < count; ++k) desired_.positions[static_cast<std::size_t>(columns[k])] = k;
-  for (std::size_t column = 0; column < columnCount; ++column) {
-    if (desired_.positions[column] >= 0) desired_.columns.push_back(static_cast<int>(column));
+  DesiredFields desired;
+  if (columns == nullptr || count == 0) {
+    desired_ = DesiredFields();
+    return;
   }
+  auto const columnCount = static_cast<std::size_t>(def_->ColumnCount());
+  desired.positions.assign(columnCount, -1);
+  for (int k = 0; k < count; ++k) desired.positions[static_cast<std::size_t>(columns[k])] = k;
+  for (std::size_t column = 0; column < columnCount; ++column) {
+    if (desired.positions[column] >= 0) desired.columns.push_back(static_cast<int>(column));
+  }
+  desired_ = std::move(desired);
 }
 
 }  // namespace fdo

@@ -11,8 +11,9 @@ namespace fdo::port {
 long long LiveAllocations();
 long long AllocationsSoFar();
 
-// Makes the nth allocation from now on fail, as when there is no memory; none for 0.
-void FailAllocation(long long n);
+// Makes the nth allocation from now on fail, as when there is no memory; none for 0. Gives whether the one that
+// was to fail before has failed, or none was.
+bool FailAllocation(long long n);
 
 }  // namespace fdo::port
 

@@ -29,7 +29,7 @@ void Free(void* memory) {
 
 long long fdo::port::LiveAllocations() { return live; }
 long long fdo::port::AllocationsSoFar() { return soFar; }
-void fdo::port::FailAllocation(long long n) { untilFailure = n; }
+bool fdo::port::FailAllocation(long long n) { return untilFailure.exchange(n) == 0; }
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }

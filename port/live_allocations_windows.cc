@@ -81,4 +81,4 @@ Counting const counting;
 
 long long fdo::port::LiveAllocations() { return live; }
 long long fdo::port::AllocationsSoFar() { return soFar; }
-void fdo::port::FailAllocation(long long n) { untilFailure = n; }
+bool fdo::port::FailAllocation(long long n) { return untilFailure.exchange(n) == 0; }
