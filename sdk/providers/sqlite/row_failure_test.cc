@@ -5,6 +5,7 @@
 #include "sdk/extensions/direct_insert.h"
 #include "sdk/providers/sqlite/failure_sweep.h"
 #include "sdk/providers/sqlite/row_commands.h"
+#include "sdk/providers/sqlite/sql_fragment.h"
 
 namespace fdo_sqlite {
 namespace {
@@ -197,6 +198,21 @@ TEST_F(RowFailure, AggregatesAnswerOrThrow) {
     return std::to_string(reader->GetInt64(L"Number")) + " " + std::to_string(reader->GetDouble(L"Middle")) +
            " " + std::to_string(box->GetCount());
   });
+}
+
+TEST(SqlParameters, ACopyForWhichThereIsNoMemoryThrows) {
+  std::vector<SqlParameter> const parameters = {std::string(100, 'a'), SqlBytes(100, FdoByte{1})};
+  for (SqlParameter const& parameter : parameters) {
+    bool hasThrown = false;
+    fdo::port::FailAllocation(1);
+    try {
+      SqlParameter const copy(parameter);
+    } catch (std::bad_alloc const&) {
+      hasThrown = true;
+    }
+    EXPECT_TRUE(fdo::port::FailAllocation(0));
+    EXPECT_TRUE(hasThrown);
+  }
 }
 
 // Memory may run out in what ends statements and batches, too, which must not end the process.

@@ -27,7 +27,11 @@ class SpatialOperand;
 // Errors: FdoCommandException* for an unpaired surrogate, which no stored text can equal.
 std::string Utf8Of(std::wstring_view text);
 
-typedef std::vector<FdoByte> SqlBytes;
+// A class of its own, because g++ 12 takes a variant of standard classes alone for one that always holds a
+// value, and does not survive a copy for which there is no memory.
+struct SqlBytes : std::vector<FdoByte> {
+  using std::vector<FdoByte>::vector;
+};
 
 // What a question mark stands for: null, a number, text in UTF-8, bytes, or the constant side of a spatial
 // condition.
