@@ -10,6 +10,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <new>
 #include <set>
 #include <string>
 #include <vector>
@@ -373,6 +374,52 @@ TEST_F(SqliteFailures, Writing) {
     };
     Sweep(operation.name, body);
     if (HasFailure()) return;
+  }
+}
+
+// An exception that is not FDO's passes, also on the ways that end queries and batches.
+TEST_F(SqliteFailures, WithoutMemory) {
+  constexpr int kStep = 23;  // of the allocations, each in some operation
+  std::vector<Operation> operations = Readings();
+  for (Change const& change : Changes()) operations.push_back(change.operation);
+  int start = 0;
+  for (Operation const& operation : operations) {
+    {
+      BeginAgain();
+      CapturedDiagnostics const lines;
+      DatabaseFdo database;
+      EXPECT_TRUE(Connect(database));
+      operation.run(database);  // what is kept from the first use on is there
+    }
+    bool failed = true;
+    for (int n = 1 + start++ % kStep; failed; n += kStep) {
+      SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n) + " fails");
+      BeginAgain();
+      long long const before = port::LiveAllocations();
+      {
+        CapturedDiagnostics const lines;
+        DatabaseFdo database;
+        EXPECT_TRUE(Connect(database));
+        port::FailAllocation(n);
+        try {
+          operation.run(database);
+        } catch (std::bad_alloc const&) {
+        } catch (FdoException* raised) {
+          FdoPtr<FdoException> const released(raised);
+        }
+        failed = port::FailAllocation(0);
+        Parcels(database).CommitWrite();
+        Parcels(database).SetDesiredFields(static_cast<int const*>(nullptr), 0);
+        EXPECT_EQ(Inserted(database, {40}), "i");
+        Parcels(database).Query();
+        std::string const read = RestText(Parcels(database));
+        EXPECT_EQ(read.find('?'), std::string::npos) << read;
+        EXPECT_NE(read.find("40,"), std::string::npos) << read;
+      }
+      EXPECT_EQ(port::LiveAllocations(), before);
+      EXPECT_EQ(store_.Rows("PRAGMA integrity_check"), "ok");
+      if (HasFailure()) return;
+    }
   }
 }
 
