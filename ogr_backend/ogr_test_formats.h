@@ -9,7 +9,7 @@ namespace fdo {
 struct OgrFormat {
   char const* name;
   char const* fileName;  // its base is the name of the one table
-  bool changes;          // rows of an existing file can be changed
+  bool tellsNewId;       // an insert gives the identity; otherwise it is known when the row is read
   bool nullText;         // null text is not empty text
   bool emptyText;        // empty text is not null text
   bool times;            // a date-time keeps its time
@@ -30,7 +30,7 @@ struct OgrFormat {
 inline constexpr OgrFormat kOgrFormats[] = {
     {.name = "Shapefile",
      .fileName = "town.shp",
-     .changes = true,
+     .tellsNewId = true,
      .nullText = true,
      .emptyText = false,
      .times = false,
@@ -46,7 +46,7 @@ inline constexpr OgrFormat kOgrFormats[] = {
      .ownOrder = true},
     {.name = "Gpkg",
      .fileName = "town.gpkg",
-     .changes = true,
+     .tellsNewId = true,
      .nullText = true,
      .emptyText = true,
      .times = true,
@@ -62,7 +62,7 @@ inline constexpr OgrFormat kOgrFormats[] = {
      .ownOrder = true},
     {.name = "GeoJson",
      .fileName = "town.geojson",
-     .changes = true,
+     .tellsNewId = true,
      .nullText = true,
      .emptyText = true,
      .times = true,
@@ -78,7 +78,7 @@ inline constexpr OgrFormat kOgrFormats[] = {
      .ownOrder = true},
     {.name = "FlatGeobuf",
      .fileName = "town.fgb",
-     .changes = false,
+     .tellsNewId = true,
      .nullText = true,
      .emptyText = true,
      .times = true,
@@ -94,7 +94,7 @@ inline constexpr OgrFormat kOgrFormats[] = {
      .ownOrder = false},
     {.name = "Csv",
      .fileName = "town.csv",
-     .changes = false,
+     .tellsNewId = false,
      .nullText = false,
      .emptyText = true,
      .times = true,
@@ -110,7 +110,7 @@ inline constexpr OgrFormat kOgrFormats[] = {
      .ownOrder = true},
     {.name = "Sqlite",
      .fileName = "town.sqlite",
-     .changes = true,
+     .tellsNewId = true,
      .nullText = true,
      .emptyText = true,
      .times = true,

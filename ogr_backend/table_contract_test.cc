@@ -111,7 +111,7 @@ constexpr TableFixture OgrFixture(char const* name, char const* fileName) {
           .make = MakeOgr,
           .fileName = fileName,
           .schemaName = L"",
-          .writes = true,
+          .tellsNewId = true,
           .nullText = true,
           .ownOrder = true,
           .orders = false,
@@ -139,15 +139,14 @@ constexpr TableFixture Sqlite() { return OgrFixture("Sqlite", "town.sqlite"); }
 
 constexpr TableFixture FlatGeobuf() {
   TableFixture fixture = OgrFixture("FlatGeobuf", "town.fgb");
-  fixture.writes = false;
   fixture.ownOrder = false;
   return fixture;
 }
 
 constexpr TableFixture Csv() {
   TableFixture fixture = OgrFixture("Csv", "town.csv");
-  fixture.writes = false;
   fixture.nullText = false;
+  fixture.tellsNewId = false;
   return fixture;
 }
 
@@ -215,7 +214,7 @@ constexpr TableFixture kFdoMemory = {.name = "FdoMemory",
                                      .make = MakeFdoMemory,
                                      .fileName = nullptr,
                                      .schemaName = L"test",
-                                     .writes = true,
+                                     .tellsNewId = true,
                                      .nullText = true,
                                      .ownOrder = true,
                                      .orders = true,
@@ -244,7 +243,7 @@ constexpr TableFixture kMemory = {.name = "Memory",
                                   .make = MakeMemory,
                                   .fileName = nullptr,
                                   .schemaName = L"test",
-                                  .writes = true,
+                                  .tellsNewId = true,
                                   .nullText = true,
                                   .ownOrder = true,
                                   .orders = true,

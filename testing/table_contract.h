@@ -42,7 +42,7 @@ struct TableFixture {
                                          Access access);
   char const* fileName;       // for the factory; null for a store without files
   wchar_t const* schemaName;  // of the table; "" when it has none
-  bool writes;                // rows of an existing store can be inserted, changed and deleted
+  bool tellsNewId;            // Insert gives the identity; otherwise it gives 0 and the row has another
   bool nullText;              // null text is not empty text
   bool ownOrder;              // rows come in the order in which they were written
   bool orders;                // a query can be ordered by a column

@@ -65,6 +65,8 @@ struct FilterPlan {
 // - Delete(filter) must not be called: it ends the process.
 // - A shapefile has no identities of its own: after Delete(id) the rows behind that one move up by one as
 //   soon as the next query starts, so an id that was kept from before names another row then.
+// - Closing a FlatGeobuf file that was changed sorts and counts its rows anew, so identities are others then.
+//   Insert into CSV and GeoJSON lines gives 0 for the new identity, which the row has not.
 // - Insert and Update write every column: a null or undefined number as 0, unless KeepNullNumbers asks
 //   for null, and other such cells as null. A number beyond a 32-bit field becomes the nearest that it holds.
 // - A row is refused that the format would not give back: with a geometry that is broken, has curves,
