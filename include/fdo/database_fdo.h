@@ -38,7 +38,8 @@ class QUILLON_EXPORT DatabaseFdo : public Database {
   // null or "". mode is not used.
   // Requires: source is not null.
   // Errors: false and a diagnostic line. When only the schema cannot be read, the connection stays open,
-  // without tables; Disconnect closes it.
+  // without tables; Disconnect closes it, or only gives it up where the provider threw what was not about
+  // describing the schema.
   bool Connect(wchar_t const* source, wchar_t const* provider, wchar_t const* configuration, bool mode,
                bool loadSchema) override;
   // Adopts an open connection, which the caller has to close, and reads its schema; a schema that cannot be
@@ -53,6 +54,7 @@ class QUILLON_EXPORT DatabaseFdo : public Database {
   void Disconnect() override;
 
   // Creates an empty store in a file. Without a provider (null) the file's extension tells it.
+  // Requires: file is not null.
   // Errors: false and a diagnostic line.
   static bool Create(wchar_t const* file, wchar_t const* provider);
 

@@ -41,7 +41,8 @@ class VisitedColumn;
 // What this back end does differently from what Table says:
 // - Query(filter, ...) orders where the provider lists command 53 (extended select), and silently not
 //   elsewhere. Deliberate: the order stays for all later queries of the table, until another takes its
-//   place (TableFdoQuery.TheOrderStaysForLaterQueries).
+//   place (TableFdoQuery.TheOrderStaysForLaterQueries); so does the name of a column that is not there, with
+//   which each of them may fail.
 // - IsEmpty lifts the restriction of SetDesiredFields, as the statistics do.
 // - GetRowCount leaves the running query alone, and so does GetExtent where the provider has aggregates.
 // - Insert starts from nulls, and a null or undefined cell writes nothing: such columns are null.
@@ -51,6 +52,9 @@ class VisitedColumn;
 //   (TableFdoUpdate.NullsSendWhatTheScratchSetHolds, TableFdoInsert.AnUpdateLeavesItsValuesToTheNextInsert).
 // - A cell without bytes in a geometry or large-object column writes nothing, a text that is no date-time
 //   writes null.
+// - A cell is written as Value converts it to the column's type, a text as the number that it begins with.
+//   Deliberate: of an integer that is too large for a Byte, Int16 or Int32 column the low bits are stored,
+//   without a word (InsertValuesTest.NumbersThatDoNotFitKeepTheirLowBits).
 // - Update(row, id) and Delete(id) work with one comparison of the identity. Deliberate: when more than
 //   one record has it all are changed; Update then gives false, Delete true (TableFdoUpdate.ByIdIsExactlyOne,
 //   TableFdoDelete.ByIdIsAtLeastOne).
