@@ -23,6 +23,9 @@ FdoIGeometry* GeometryOf(Value const& value) {
 }
 
 bool IsInRelation(FdoIGeometry* left, long long operation, FdoIGeometry* right) {
+  if (operation < FdoSpatialOperations_Contains || operation > FdoSpatialOperations_EnvelopeIntersects) {
+    return false;  // as what fails; not even the type has a place for every such number
+  }
   return FalseWhenItFails(
       [&] { return FdoSpatialUtility::Evaluate(left, static_cast<FdoSpatialOperations>(operation), right); });
 }

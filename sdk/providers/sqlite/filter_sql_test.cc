@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "port/address_sanitizer.h"
 #include "port/small_stack.h"
 #include "sdk/providers/sqlite/sample_class.h"
 #include "sdk/providers/sqlite/spatial_operand.h"
@@ -369,11 +370,7 @@ TEST_F(FilterSqlTest, TreesOfAnyDepthThatProgramsBuildAreRefused) {
 }
 
 // The address sanitizer keeps variables apart, which takes several times the room.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr std::size_t kSmallStack = 2048 * 1024;
-#else
-constexpr std::size_t kSmallStack = 256 * 1024;
-#endif
+constexpr std::size_t kSmallStack = (fdo::port::kHasAddressSanitizer ? 2048 : 256) * 1024;
 
 // What text can nest needs no large stack, SQLite's own needs included.
 TEST_F(FilterSqlTest, TheDeepestTextFitsASmallStack) {
