@@ -12,8 +12,14 @@ int main(int argc, char** argv) try {
     return 2;
   }
   fdo::DatabaseOgr source;
-  if (!source.Connect(fdo::ToWide(argv[1]).c_str(), nullptr, nullptr, /*readOnly=*/true, /*loadSchema=*/true)) {
+  if (!source.Connect(fdo::ToWide(argv[1]).c_str(), nullptr, nullptr, /*readOnly=*/true,
+                      /*loadSchema=*/true)) {
     std::cerr << "cannot open " << argv[1] << "\n";
+    return 1;
+  }
+  int const name = source.Count() == 0 ? -1 : source[0].Def()->IndexOf(L"name_long");
+  if (name < 0) {
+    std::cerr << "there is no table with a column name_long\n";
     return 1;
   }
 
@@ -25,8 +31,8 @@ int main(int argc, char** argv) try {
   while (fdo::Row const* row = table.Next()) {
     double box[4];
     row->GeomBBOX(box, -1);
-    std::cout << row->ID() << "  " << fdo::ToUtf8((*row)[L"name_long"]) << "  [" << box[0] << ", " << box[1]
-              << ", " << box[2] << ", " << box[3] << "]\n";
+    std::cout << row->ID() << "  " << fdo::ToUtf8((*row)[name]) << "  [" << box[0] << ", " << box[1] << ", "
+              << box[2] << ", " << box[3] << "]\n";
     ++rows;
   }
   std::cout << rows << " rows\n";
