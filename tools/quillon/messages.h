@@ -60,8 +60,9 @@ Failure SetTwice(std::string const& name);
 
 // The library gave its reasons in lines of their own.
 Failure QueryFailed(std::string const& source);
-// detail: what the back end says, or "".
+// columns: those of which nothing can be said.
 Failure ColumnsUnread(std::string const& source, std::vector<std::string> const& columns);
+// detail: what the back end says, or "".
 Failure RowsMissing(std::string const& source, std::string const& detail);
 std::string CoordinatesAsTheyAre(std::string const& coordinateSystem);
 
