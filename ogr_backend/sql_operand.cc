@@ -188,10 +188,9 @@ void SqlOperandWriter::ProcessBinaryExpression(FdoBinaryExpression& expr) {
 }
 
 void SqlOperandWriter::ProcessUnaryExpression(FdoUnaryExpression& expr) {
-  SqlOperand operand = Write(FdoPtr<FdoExpression>(expr.GetExpression()));
-  if (!IsNumberOrNull(operand)) throw FilterRefused{L"it negates something that is not a number"};
-  operand.literal.reset();
-  result_ = std::move(operand);
+  result_ = Write(FdoPtr<FdoExpression>(expr.GetExpression()));
+  if (!IsNumberOrNull(result_)) throw FilterRefused{L"it negates something that is not a number"};
+  result_.literal.reset();
   if (!result_.kind || !result_.rowsOnly.empty()) return;
   CheckCalculation(FdoBinaryOperations_Subtract, result_);
   // The blank keeps two minus signs from beginning a comment.
