@@ -22,6 +22,15 @@ struct Visits {
 // tell, but SQLite would copy that for every row.
 thread_local Visits* awaited = nullptr;
 
+// Nobody takes them where there are no rows, or where the statement fails before the first.
+class Awaiting {
+ public:
+  explicit Awaiting(Visits& visits) { awaited = &visits; }
+  ~Awaiting() { awaited = nullptr; }
+  Awaiting(Awaiting const&) = delete;
+  Awaiting& operator=(Awaiting const&) = delete;
+};
+
 // SQLite keeps so many bytes of 0 for each run, here an address. Errors: null, which SQLite has been told of.
 Visits* VisitsOf(sqlite3_context* context) {
   auto** const place = static_cast<Visits**>(sqlite3_aggregate_context(context, sizeof(Visits*)));
@@ -67,16 +76,14 @@ std::vector<SqlFunction> const& VisitFunctions() {
 void VisitValues(Statement& statement, LentRow& row, FdoInt32 type, fdo_sdk::ColumnVisitor& visitor) {
   bool const isOfReals = type == FdoDataType_Double || type == FdoDataType_Decimal;
   Visits visits{row, type, isOfReals, visitor, nullptr};
-  awaited = &visits;
+  Awaiting const awaiting(visits);
   try {
     statement.Run();
   } catch (FdoException* raised) {
     FdoPtr<FdoException> failure(raised);
-    awaited = nullptr;
     if (visits.failure != nullptr) std::rethrow_exception(visits.failure);
     throw failure.Detach();
   }
-  awaited = nullptr;  // which nobody has taken where there are no rows
 }
 
 }  // namespace fdo_sqlite
