@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "testing/captured_diagnostics.h"
+#include "testing/exact_value_text.h"
 #include "testing/fgf_builder.h"
 #include "testing/one_table_store.h"
 #include "testing/schema_builder.h"
@@ -24,16 +25,6 @@ constexpr wchar_t kColumns[] =
 constexpr wchar_t kOtherColumns[] =
     L"id:Int64 flag:Int32 small:Int32 n:Int64 wide:Int32 x:Single d:Double s:Double t:DateTime w:String "
     L"b:Geometry shape:Blob";
-
-std::wstring TextOf(Value const& cell) {
-  std::wstring text = std::to_wstring(cell.Type()) + L" ";
-  if (cell.AsBlob() != nullptr) {
-    for (int i = 0; i < cell.BlobLen(); ++i) text += std::to_wstring(cell.AsBlob()[i]) + L",";
-  } else if (wchar_t const* const own = cell) {
-    text += own;
-  }
-  return text;
-}
 
 void FillRows(Table& parcels) {
   Row row(parcels.Def());
@@ -84,7 +75,7 @@ TEST(DirectCells, GiveWhatThePublishedOperationsGive) {
         lines.Forget();
         parcels.Query();
         while (Row const* const row = parcels.Next()) {
-          for (int const column : all) read[byName] += TextOf((*row)[column]) + L";";
+          for (int const column : all) read[byName] += ExactTextOf((*row)[column]) + L";";
           read[byName] += L"\n";
         }
         said[byName] = lines.Lines();

@@ -8,8 +8,6 @@
 #include <fdo/text_conversion.h>
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstring>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -17,6 +15,7 @@
 
 #include "fdo_backend/reader_cell.h"
 #include "testing/captured_diagnostics.h"
+#include "testing/exact_value_text.h"
 #include "testing/schema_builder.h"
 #include "testing/sqlite_file.h"
 
@@ -67,22 +66,6 @@ constexpr wchar_t kOtherTypes[] =
     L"moment:String bytes:Geometry shape:Blob";
 
 // Every bit of it.
-std::wstring TextOf(double number) {
-  std::int64_t bits = 0;
-  std::memcpy(&bits, &number, sizeof bits);
-  return std::to_wstring(number) + L" as " + std::to_wstring(bits);
-}
-
-std::wstring TextOf(Value const& value) {
-  std::wstring text = std::to_wstring(value.Type()) + L" ";
-  if (value.AsBlob() != nullptr) {
-    for (int i = 0; i < value.BlobLen(); ++i) text += std::to_wstring(value.AsBlob()[i]) + L",";
-  } else if (wchar_t const* const own = value) {
-    text += own;
-  }
-  return text + (value.Type() == Value::kDouble ? L" " + TextOf(static_cast<double>(value)) : L"");
-}
-
 // All statistics of a column, with the lines that were said meanwhile.
 std::wstring StatisticsOf(Table& table, wchar_t const* column, FdoFilter* filter,
                           CapturedDiagnostics& lines) {
@@ -95,12 +78,12 @@ std::wstring StatisticsOf(Table& table, wchar_t const* column, FdoFilter* filter
   table.GetStats(variance, mean, column, filter);
   Value median;
   table.GetMedian(median, column, filter);
-  std::wstring text = TextOf(min) + L" to " + TextOf(max) + L"; " + TextOf(variance) + L"; " + TextOf(mean) +
-                      L"; " + TextOf(median) + L";";
+  std::wstring text = ExactTextOf(min) + L" to " + ExactTextOf(max) + L"; " + ExactTextOf(variance) + L"; " +
+                      ExactTextOf(mean) + L"; " + ExactTextOf(median) + L";";
   for (bool const includeNull : {false, true}) {
     std::set<Value> values;
     table.GetDistinctValues(values, column, includeNull, filter);
-    for (Value const& value : values) text += L" {" + TextOf(value) + L"}";
+    for (Value const& value : values) text += L" {" + ExactTextOf(value) + L"}";
   }
   for (std::wstring const& line : lines.Lines()) text += L"\n" + line;
   return text;

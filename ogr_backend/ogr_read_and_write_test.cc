@@ -8,29 +8,14 @@
 #include <functional>
 #include <set>
 
-#include "ogr_backend/ogr_test_files.h"
-#include "ogr_backend/ogr_test_formats.h"
+#include "ogr_backend/town_database.h"
 #include "testing/captured_diagnostics.h"
 #include "testing/schema_builder.h"
-#include "testing/scratch_directory.h"
 
 namespace fdo {
 namespace {
 
-class OgrReadAndWrite : public ::testing::TestWithParam<OgrFormat> {
- protected:
-  void Open(bool readOnly) {
-    ASSERT_TRUE(database_.Connect(path_.c_str(), nullptr, nullptr, readOnly, /*loadSchema=*/true))
-        << ToUtf8(database_.LastError());
-    ASSERT_NE(database_[L"town"], nullptr);
-  }
-  // SQLite shows a table of its own beside it.
-  Table& Only() { return *database_[L"town"]; }
-
-  ScratchDirectory scratch_;
-  std::wstring path_;
-  DatabaseOgr database_;
-};
+class OgrReadAndWrite : public TownDatabase {};
 
 // Whether rows come again is the format's matter.
 TEST_P(OgrReadAndWrite, AWriteDuringAQueryHidesNoRow) {

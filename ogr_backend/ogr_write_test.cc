@@ -11,12 +11,10 @@
 #include <filesystem>
 #include <set>
 
-#include "ogr_backend/ogr_test_files.h"
-#include "ogr_backend/ogr_test_formats.h"
+#include "ogr_backend/town_database.h"
 #include "testing/captured_diagnostics.h"
 #include "testing/fgf_builder.h"
 #include "testing/schema_builder.h"
-#include "testing/scratch_directory.h"
 
 namespace fdo {
 namespace {
@@ -24,7 +22,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class OgrWrite : public ::testing::TestWithParam<OgrFormat> {
+class OgrWrite : public TownDatabase {
  protected:
   // A new file with one table of those columns, open for inserting.
   void Create(std::wstring_view columns) {
@@ -34,13 +32,6 @@ class OgrWrite : public ::testing::TestWithParam<OgrFormat> {
     ASSERT_TRUE(database_.Create(path_.c_str(), nullptr, def)) << ToUtf8(database_.LastError());
     ASSERT_EQ(database_.Count(), 1);
   }
-  void Open(bool readOnly) {
-    ASSERT_TRUE(database_.Connect(path_.c_str(), nullptr, nullptr, readOnly, /*loadSchema=*/true))
-        << ToUtf8(database_.LastError());
-    ASSERT_NE(database_[L"town"], nullptr);
-  }
-  // SQLite shows a table of its own beside it.
-  Table& Only() { return *database_[L"town"]; }
   std::set<std::wstring> AllNames() {
     Only().Query();
     std::vector<std::wstring> const names = NamesOf(Only());
@@ -54,10 +45,6 @@ class OgrWrite : public ::testing::TestWithParam<OgrFormat> {
     Only().EndQuery();
     return id;
   }
-
-  ScratchDirectory scratch_;
-  std::wstring path_;
-  DatabaseOgr database_;
 };
 
 TEST_P(OgrWrite, InsertGivesTheIdThatTheStoreChose) {
